@@ -1,0 +1,75 @@
+#include "cli/Commands.h"
+
+#include "app/AppContext.h"
+#include "app/DialogService.h"
+#include "app/Startup.h"
+#include "tools/DemoCommand.h"
+
+#include <QCoreApplication>
+#include <cstdio>
+
+namespace {
+
+const char* const Usage =
+    "usage: vantrel-cli [--app-folder DIR] COMMAND [ARGS]\n"
+    "\n"
+    "Commands:\n"
+    "  demo DIR [--seed S] [--accounts N] [--bills N] [--lines-per-bill N]\n"
+    "      write a complete demo installation: DIR/AppFolder (the four stores)\n"
+    "      and DIR/Projects (one project file per bill)\n"
+    "  stores\n"
+    "      open the installation's stores as the program does at start and say what was found\n"
+    "\n"
+    "Options:\n"
+    "  --app-folder DIR   use the stores in DIR instead of the AppFolder of Paths.txt\n"
+    "  --help             show this text\n";
+
+int usageError(const QString& text) {
+    std::fprintf(stderr, "vantrel-cli: %s\n\n%s", qPrintable(text), Usage);
+    return 2;
+}
+
+// Opens the installation as the desktop program does at start.
+bool openInstallation(AppContext& ctx, const QString& appFolder) {
+    return startInstallation(ctx, QCoreApplication::applicationDirPath(), appFolder);
+}
+
+int storesCommand(const QString& appFolder) {
+    RecordingDialogService dialogs;
+    dialogs.echoToStderr = true;
+    AppContext ctx(dialogs);
+    if (!openInstallation(ctx, appFolder))
+        return 1;
+    std::printf("Vantrel %s\nAppFolder: %s\nDataSystemFolder: %s\nstores open\n", qPrintable(ctx.version),
+                qPrintable(ctx.paths->AppFolder), qPrintable(ctx.paths->DataSystemFolder));
+    return 0;
+}
+
+} // namespace
+
+int runCli(const QStringList& arguments) {
+    QStringList args = arguments.mid(1);
+    QString appFolder;
+    for (int i = 0; i < args.size();) {
+        if (args[i] == QLatin1String("--help") || args[i] == QLatin1String("-h")) {
+            std::printf("%s", Usage);
+            return 0;
+        }
+        if (args[i] == QLatin1String("--app-folder")) {
+            if (i + 1 >= args.size())
+                return usageError(QStringLiteral("--app-folder needs a folder"));
+            appFolder = args[i + 1];
+            args.remove(i, 2);
+            continue;
+        }
+        ++i;
+    }
+    if (args.isEmpty())
+        return usageError(QStringLiteral("no command given"));
+    const QString command = args.takeFirst();
+    if (command == QLatin1String("demo"))
+        return demoCommand(args);
+    if (command == QLatin1String("stores"))
+        return storesCommand(appFolder);
+    return usageError(QStringLiteral("unknown command '%1'").arg(command));
+}

@@ -1,0 +1,55 @@
+#include "app/Startup.h"
+
+#include "BuildInfo.h"
+#include "app/AppContext.h"
+#include "app/DialogService.h"
+#include "app/ErrorLog.h"
+#include "data/Stores.h"
+
+QString buildVersion(int major, int minor, int revision) {
+    return QStringLiteral("%1.%2.%3")
+        .arg(major)
+        .arg(minor, 2, 10, QLatin1Char('0'))
+        .arg(revision, 4, 10, QLatin1Char('0'));
+}
+
+QString programVersion() {
+    return buildVersion(VANTREL_VERSION_MAJOR, VANTREL_VERSION_MINOR, VANTREL_VERSION_PATCH);
+}
+
+QString storesMissingMessage() {
+    return QStringLiteral(
+        "Required files are missing, please ensure Meridane is installed in the same folder.\n"
+        "Program can not continue.");
+}
+
+bool startInstallation(AppContext& ctx, const QString& programFolder, const QString& appFolderOverride) {
+    ctx.version = programVersion();
+    ctx.paths =
+        std::make_unique<cPathControl>(programFolder, QString(), QStringLiteral(VANTREL_BUILD_SYSTEM_DIR));
+    if (!appFolderOverride.isEmpty())
+        ctx.paths->AppFolder = appFolderOverride;
+    ctx.projectPath.clear();
+
+    const StoreOpenReport report = openStores(ctx);
+    for (const QString& aside : report.setAside)
+        LogError(*ctx.paths, QStringLiteral("OpenStores"), 0,
+                 QStringLiteral("unreadable store kept as %1 and replaced by its template").arg(aside));
+    if (!report.ok) {
+        QString text = storesMissingMessage();
+        if (!ctx.paths->pathsFileProblem().isEmpty())
+            text += QStringLiteral("\n\n") + ctx.paths->pathsFileProblem();
+        if (!report.problems.isEmpty())
+            text += QStringLiteral("\n\n") + report.problems.join(QLatin1Char('\n'));
+        ctx.dialogs.critical(text);
+        return false;
+    }
+    UpgradeStores(ctx.budgetDb, ctx.trendDb);
+    try {
+        ZeroNullTrendColumns(ctx.trendDb);
+    } catch (const DbError& e) {
+        // The repair is retried at the next start; the stores are usable as they are.
+        LogError(*ctx.paths, QStringLiteral("ZeroNullTrendColumns"), e.code(), e.message());
+    }
+    return true;
+}

@@ -1,0 +1,70 @@
+#include "ui/QtDialogService.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace {
+
+QWidget* activeParent() {
+    return QApplication::activeWindow();
+}
+
+QString captionOr(const QString& title) {
+    return title.isEmpty() ? QStringLiteral("Vantrel") : title;
+}
+
+// The dialogs take Qt's filter form ("Project file (*.mdb)"); the host product's form
+// "Project file (*.mdb)|*.mdb" is turned into it.
+QString qtFilter(const QString& filter) {
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    if (parts.size() < 2)
+        return filter;
+    QStringList out;
+    for (int i = 0; i + 1 < parts.size(); i += 2) {
+        QString label = parts[i];
+        if (!label.contains(QLatin1Char('(')))
+            label += QStringLiteral(" (") +
+                     QString(parts[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')) + QLatin1Char(')');
+        out << label;
+    }
+    return out.join(QStringLiteral(";;"));
+}
+
+} // namespace
+
+void QtDialogService::message(const QString& text, MessageIcon icon, const QString& title) {
+    QMessageBox::Icon boxIcon = QMessageBox::NoIcon;
+    switch (icon) {
+    case MessageIcon::Information:
+        boxIcon = QMessageBox::Information;
+        break;
+    case MessageIcon::Warning:
+        boxIcon = QMessageBox::Warning;
+        break;
+    case MessageIcon::Critical:
+        boxIcon = QMessageBox::Critical;
+        break;
+    case MessageIcon::Question:
+        boxIcon = QMessageBox::Question;
+        break;
+    case MessageIcon::None:
+        break;
+    }
+    QMessageBox box(boxIcon, captionOr(title), text, QMessageBox::Ok, activeParent());
+    box.exec();
+}
+
+Answer QtDialogService::question(const QString& text, const QString& title) {
+    const auto button = QMessageBox::question(activeParent(), captionOr(title), text,
+                                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+    return button == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+QString QtDialogService::openFile(const QString& title, const QString& filter, const QString& folder) {
+    return QFileDialog::getOpenFileName(activeParent(), title, folder, qtFilter(filter));
+}
+
+QString QtDialogService::saveFile(const QString& title, const QString& filter, const QString& suggested) {
+    return QFileDialog::getSaveFileName(activeParent(), title, suggested, qtFilter(filter));
+}
