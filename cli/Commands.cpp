@@ -3,6 +3,7 @@
 #include "app/AppContext.h"
 #include "app/DialogService.h"
 #include "app/Startup.h"
+#include "app/cPathControl.h"
 #include "tools/DemoCommand.h"
 
 #include <QCoreApplication>
@@ -31,7 +32,7 @@ int usageError(const QString& text) {
 
 // Opens the installation as the desktop program does at start.
 bool openInstallation(AppContext& ctx, const QString& appFolder) {
-    return startInstallation(ctx, QCoreApplication::applicationDirPath(), appFolder);
+    return startInstallation(ctx, installedPaths(QCoreApplication::applicationDirPath(), appFolder));
 }
 
 int storesCommand(const QString& appFolder) {

@@ -23,12 +23,17 @@ QString storesMissingMessage() {
         "Program can not continue.");
 }
 
-bool startInstallation(AppContext& ctx, const QString& programFolder, const QString& appFolderOverride) {
-    ctx.version = programVersion();
-    ctx.paths =
+std::unique_ptr<cPathControl> installedPaths(const QString& programFolder, const QString& appFolderOverride) {
+    auto paths =
         std::make_unique<cPathControl>(programFolder, QString(), QStringLiteral(VANTREL_BUILD_SYSTEM_DIR));
     if (!appFolderOverride.isEmpty())
-        ctx.paths->AppFolder = appFolderOverride;
+        paths->AppFolder = appFolderOverride;
+    return paths;
+}
+
+bool startInstallation(AppContext& ctx, std::unique_ptr<cPathControl> paths) {
+    ctx.version = programVersion();
+    ctx.paths = std::move(paths);
     ctx.projectPath.clear();
 
     const StoreOpenReport report = openStores(ctx);

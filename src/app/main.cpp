@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QtDialogService dialogs;
     AppContext ctx(dialogs);
-    if (!startInstallation(ctx, QCoreApplication::applicationDirPath()))
+    if (!startInstallation(ctx, installedPaths(QCoreApplication::applicationDirPath())))
         return 1;
     return 0;
 }
