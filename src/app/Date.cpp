@@ -11,17 +11,27 @@ namespace {
 // 1899-12-30, day 0 of the host product's date serials.
 const sys_days SerialEpoch = sys_days(year{1899} / December / 30);
 
+// Exactly `len` ASCII digits: no sign, no blank.
 bool parseInts(const QString& text, int from, int len, int* out) {
-    bool ok = false;
-    *out = text.mid(from, len).toInt(&ok);
-    return ok && text.mid(from, len).size() == len;
+    if (from + len > text.size())
+        return false;
+    int value = 0;
+    for (int i = from; i < from + len; ++i) {
+        const QChar c = text[i];
+        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
+            return false;
+        value = value * 10 + (c.unicode() - '0');
+    }
+    *out = value;
+    return true;
 }
 
 } // namespace
 
 Date::Date(int y, unsigned m, unsigned d)
     : ymd_(std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d}) {
-    valid_ = ymd_.ok();
+    // year keeps 16 bits, month and day a byte: month 257 would otherwise pass as January.
+    valid_ = y >= -32767 && y <= 32767 && m <= 12 && d <= 31 && ymd_.ok();
 }
 
 Date::Date(year_month_day ymd)
@@ -112,7 +122,10 @@ DateTime DateTime::fromIso(const QString& text) {
     if (text.size() < 16 || !parseInts(text, 11, 2, &h) || text[13] != QLatin1Char(':') ||
         !parseInts(text, 14, 2, &m))
         return DateTime();
-    if (text.size() >= 19 && (text[16] != QLatin1Char(':') || !parseInts(text, 17, 2, &s)))
+    // Seconds are optional; fractions of a second after them are ignored.
+    if (text.size() > 16 &&
+        (text.size() < 19 || text[16] != QLatin1Char(':') || !parseInts(text, 17, 2, &s) ||
+         (text.size() > 19 && text[19] != QLatin1Char('.'))))
         return DateTime();
     if (h > 23 || m > 59 || s > 59)
         return DateTime();

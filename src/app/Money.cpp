@@ -5,10 +5,11 @@
 
 namespace {
 
-// Rounds a non-negative integer quotient half to even given the remainder.
-std::int64_t roundHalfEven(std::int64_t quotient, std::int64_t remainder, std::int64_t divisor) {
+// Rounds a non-negative integer quotient half to even given the remainder; `beyond` says
+// that nonzero digits followed those the remainder holds, so a seeming half is more.
+std::int64_t roundHalfEven(std::int64_t quotient, std::int64_t remainder, std::int64_t divisor, bool beyond) {
     const std::int64_t twice = remainder * 2;
-    if (twice > divisor || (twice == divisor && (quotient % 2) != 0))
+    if (twice > divisor || (twice == divisor && (beyond || (quotient % 2) != 0)))
         return quotient + 1;
     return quotient;
 }
@@ -17,6 +18,13 @@ std::int64_t roundHalfEven(std::int64_t quotient, std::int64_t remainder, std::i
 
 Money Money::fromDouble(double value) {
     const double scaled = value * Scale;
+    // Outside the 64-bit range the conversion below is undefined: saturate; NaN is nothing.
+    if (std::isnan(scaled))
+        return Money();
+    if (scaled >= 9.2e18)
+        return fromRaw(std::numeric_limits<std::int64_t>::max());
+    if (scaled <= -9.2e18)
+        return fromRaw(std::numeric_limits<std::int64_t>::min());
     // The product can carry binary noise (0.125 * 10000 is exact, 1.00005 * 10000 is not);
     // decide the half case on the nearest representable decimal.
     double whole = std::floor(scaled);
@@ -54,6 +62,7 @@ std::optional<Money> Money::parse(const QString& input) {
     int fracDigits = 0;
     std::int64_t beyond = 0; // the digits past the fourth, as a number
     std::int64_t beyondScale = 1;
+    bool nonzeroPastBeyond = false;
     if (i < text.size() && text[i] == QLatin1Char('.')) {
         for (++i; i < text.size() && text[i].isDigit(); ++i, ++fracDigits) {
             if (fracDigits < 4) {
@@ -61,16 +70,21 @@ std::optional<Money> Money::parse(const QString& input) {
             } else if (beyondScale < 1000000000000000LL) {
                 beyond = beyond * 10 + text[i].digitValue();
                 beyondScale *= 10;
+            } else if (text[i] != QLatin1Char('0')) {
+                nonzeroPastBeyond = true;
             }
         }
     }
     if (i != text.size() || (wholeDigits == 0 && fracDigits == 0))
         return std::nullopt;
+    // The whole pounds, the four decimals and a rounding step must fit in 64 bits.
+    if (whole > (std::numeric_limits<std::int64_t>::max() - Scale) / Scale)
+        return std::nullopt;
     for (int d = fracDigits; d < 4; ++d)
         frac *= 10;
     std::int64_t raw = whole * Scale + frac;
     if (beyondScale > 1)
-        raw = roundHalfEven(raw, beyond, beyondScale);
+        raw = roundHalfEven(raw, beyond, beyondScale, nonzeroPastBeyond);
     return fromRaw(negative ? -raw : raw);
 }
 
