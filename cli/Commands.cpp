@@ -4,10 +4,13 @@
 #include "app/DialogService.h"
 #include "app/Startup.h"
 #include "app/cPathControl.h"
+#include "cli/ConvertCommand.h"
+#include "cli/TrendCommands.h"
 #include "tools/DemoCommand.h"
 
 #include <QCoreApplication>
 #include <cstdio>
+#include <functional>
 
 namespace {
 
@@ -18,6 +21,12 @@ const char* const Usage =
     "  demo DIR [--seed S] [--accounts N] [--bills N] [--lines-per-bill N]\n"
     "      write a complete demo installation: DIR/AppFolder (the four stores)\n"
     "      and DIR/Projects (one project file per bill)\n"
+    "  gather PROJECT...\n"
+    "      make one trend entry per project file (a bill gathered again replaces its entry)\n"
+    "  trends --project PROJECT\n"
+    "      list the trend entries of the project's account with their totals\n"
+    "  convert ACCESS_FILE OUT.sqlite\n"
+    "      write every table of an Access file, as the program reads it, to a SQLite file\n"
     "  stores\n"
     "      open the installation's stores as the program does at start and say what was found\n"
     "\n"
@@ -35,12 +44,17 @@ bool openInstallation(AppContext& ctx, const QString& appFolder) {
     return startInstallation(ctx, installedPaths(QCoreApplication::applicationDirPath(), appFolder));
 }
 
-int storesCommand(const QString& appFolder) {
+// Runs a command that works on the installation's stores.
+int withInstallation(const QString& appFolder, const std::function<int(AppContext&)>& command) {
     RecordingDialogService dialogs;
     dialogs.echoToStderr = true;
     AppContext ctx(dialogs);
     if (!openInstallation(ctx, appFolder))
         return 1;
+    return command(ctx);
+}
+
+int storesCommand(AppContext& ctx) {
     std::printf("Vantrel %s\nAppFolder: %s\nDataSystemFolder: %s\nstores open\n", qPrintable(ctx.version),
                 qPrintable(ctx.paths->AppFolder), qPrintable(ctx.paths->DataSystemFolder));
     return 0;
@@ -70,7 +84,13 @@ int runCli(const QStringList& arguments) {
     const QString command = args.takeFirst();
     if (command == QLatin1String("demo"))
         return demoCommand(args);
+    if (command == QLatin1String("convert"))
+        return convertCommand(args);
+    if (command == QLatin1String("gather"))
+        return withInstallation(appFolder, [&](AppContext& ctx) { return gatherCommand(ctx, args); });
+    if (command == QLatin1String("trends"))
+        return withInstallation(appFolder, [&](AppContext& ctx) { return trendsCommand(ctx, args); });
     if (command == QLatin1String("stores"))
-        return storesCommand(appFolder);
+        return withInstallation(appFolder, storesCommand);
     return usageError(QStringLiteral("unknown command '%1'").arg(command));
 }

@@ -1,5 +1,7 @@
 #include "app/cPathControl.h"
 
+#include "app/TextHelpers.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -10,15 +12,6 @@
 namespace {
 
 const char* const kKeys[] = {"AppFolder", "ProjectFolder", "BackupFolder", "SystemFolder"};
-
-// Exactly one "/" between the two parts.
-QString joinPath(QString a, QString b) {
-    while (a.endsWith(QLatin1Char('/')))
-        a.chop(1);
-    while (b.startsWith(QLatin1Char('/')))
-        b.remove(0, 1);
-    return a + QLatin1Char('/') + b;
-}
 
 QByteArray pathsFileText(const QString& app, const QString& project, const QString& backup,
                          const QString& system) {
@@ -73,7 +66,7 @@ QString cPathControl::MachineDataFolder() const {
 }
 
 void cPathControl::SetDataSystemFolder(const QString& fallbackSystemFolder) {
-    DataSystemFolder = joinPath(MachineDataFolder(), QStringLiteral("Orvane/System"));
+    DataSystemFolder = JoinPath(MachineDataFolder(), QStringLiteral("Orvane/System"));
     // A build tree or an install without the machine-wide folder still finds its templates.
     const QDir system(DataSystemFolder);
     const bool hasTemplates = QFileInfo(system.filePath(QStringLiteral("budgets.bak"))).isFile() &&
@@ -84,7 +77,7 @@ void cPathControl::SetDataSystemFolder(const QString& fallbackSystemFolder) {
 
 QString cPathControl::GetDefaultDataPath() const {
     const QString folder = MachineDataFolder();
-    return FolderExists(folder) ? joinPath(folder, QStringLiteral("Orvane")) : folder;
+    return FolderExists(folder) ? JoinPath(folder, QStringLiteral("Orvane")) : folder;
 }
 
 void cPathControl::LoadPaths(const QString& programFolder) {
@@ -94,7 +87,7 @@ void cPathControl::LoadPaths(const QString& programFolder) {
                 .arg(QLatin1String(PathsFileName));
         return;
     }
-    const QString file = joinPath(programFolder, QLatin1String(PathsFileName));
+    const QString file = JoinPath(programFolder, QLatin1String(PathsFileName));
     if (!QFileInfo::exists(file)) {
         // A new file gets the machine's data folder for all three data keys, the project and
         // backup keys included: the sub-folders are only the intended layout, not what is written.
@@ -160,14 +153,14 @@ bool cPathControl::SavePathSettingsFile() {
     if (SystemFolder.isEmpty())
         return false;
     QString error;
-    return writePathsFile(joinPath(SystemFolder, QLatin1String(PathsFileName)),
+    return writePathsFile(JoinPath(SystemFolder, QLatin1String(PathsFileName)),
                           pathsFileText(AppFolder, ProjectFolder, BackupFolder, SystemFolder), &error);
 }
 
 bool cPathControl::CanWriteToOrvaneAppPath(const QString& folder) const {
     if (folder.isEmpty())
         return false;
-    QFile probe(joinPath(folder, QStringLiteral("Test.dat")));
+    QFile probe(JoinPath(folder, QStringLiteral("Test.dat")));
     if (!probe.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return false;
     const bool written = probe.write("Test\r\n") == 6 && probe.flush();

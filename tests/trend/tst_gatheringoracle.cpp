@@ -3,10 +3,12 @@
 // group's earliest line, and the residual query with its HAVING), the residual matched
 // to each row by a first-match scan, and every one of the 82 columns compared.
 #include "ProjectBuilder.h"
+#include "TempDir.h"
 #include "TestRegistry.h"
 #include "app/AppContext.h"
 #include "app/DialogService.h"
 #include "data/Stores.h"
+#include "tools/DemoGenerator.h"
 #include "trend/ServiceDescription.h"
 #include "trend/TrendGathering.h"
 
@@ -224,6 +226,7 @@ class GatheringOracleTest : public QObject {
 private slots:
     void randomBillsMatchTheOracle_data();
     void randomBillsMatchTheOracle();
+    void demoBillsMatchTheOracle();
 };
 
 void GatheringOracleTest::randomBillsMatchTheOracle_data() {
@@ -248,6 +251,33 @@ void GatheringOracleTest::randomBillsMatchTheOracle() {
     QCOMPARE(actual.size(), expected.size());
     for (int i = 0; i < expected.size(); ++i)
         QCOMPARE(actual[i], expected[i]);
+}
+
+void GatheringOracleTest::demoBillsMatchTheOracle() {
+    testing::TempDir dir;
+    DemoOptions options;
+    options.folder = dir.path();
+    options.seed = 11;
+    options.accounts = 2;
+    options.bills = 2;
+    options.linesPerBill = 800;
+    const DemoSummary demo = writeDemoInstallation(options);
+    RecordingDialogService dialogs;
+    AppContext ctx(dialogs);
+    ctx.trendDb = Database::openMemory();
+    CreateTrendTable(ctx.trendDb);
+    int bills = 0;
+    for (const DemoFile& file : demo.files) {
+        if (!file.path.startsWith(demo.projectFolder))
+            continue;
+        Database project = Database::open(file.path);
+        const GatherResult r = GatherTrend(ctx, project);
+        QVERIFY2(r.ok(), qPrintable(r.error));
+        const QStringList expected = oracleRows(project, r.billDate, r.account);
+        QCOMPARE(gatheredRows(ctx.trendDb, r.billDate, r.account), expected);
+        ++bills;
+    }
+    QVERIFY(bills >= 4);
 }
 
 VANTREL_TEST(GatheringOracleTest);
