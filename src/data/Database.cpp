@@ -283,6 +283,15 @@ DateTime Statement::dateTime(int column) const {
     return DateTime::fromIso(text(column));
 }
 
+int Statement::columnType(int column) const {
+    return sqlite3_column_type(stmt_, column);
+}
+
+QByteArrayView Statement::rawBytes(int column) const {
+    const auto* p = static_cast<const char*>(sqlite3_column_blob(stmt_, column));
+    return QByteArrayView(p, sqlite3_column_bytes(stmt_, column));
+}
+
 DbValue Statement::value(int column) const {
     switch (sqlite3_column_type(stmt_, column)) {
     case SQLITE_INTEGER:

@@ -121,6 +121,10 @@ public:
     Date date(int column) const;
     DateTime dateTime(int column) const;
     DbValue value(int column) const;
+    // For hot loops: the storage class (SQLITE_INTEGER ... SQLITE_NULL) and the raw
+    // bytes of a text or blob cell, valid until the next step.
+    int columnType(int column) const;
+    QByteArrayView rawBytes(int column) const;
 
 private:
     Database* db_;

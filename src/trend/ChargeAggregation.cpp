@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <optional>
+#include <sqlite3.h>
 
 namespace {
 
@@ -59,6 +60,29 @@ void appendKey(std::string& key, const DbValue& v) {
     }
 }
 
+// The same key bytes straight from a result cell, without building a value first.
+void appendKey(std::string& key, const Statement& st, int column) {
+    switch (st.columnType(column)) {
+    case SQLITE_NULL:
+        key.push_back('n');
+        return;
+    case SQLITE_INTEGER:
+    case SQLITE_FLOAT: {
+        const double d = st.real(column);
+        key.push_back('d');
+        key.append(reinterpret_cast<const char*>(&d), sizeof d);
+        return;
+    }
+    default: {
+        const QByteArrayView bytes = st.rawBytes(column);
+        const std::uint32_t size = std::uint32_t(bytes.size());
+        key.push_back(st.columnType(column) == SQLITE_TEXT ? 't' : 'b');
+        key.append(reinterpret_cast<const char*>(&size), sizeof size);
+        key.append(bytes.data(), size_t(bytes.size()));
+    }
+    }
+}
+
 bool isNull(const DbValue& v) {
     return std::holds_alternative<std::monostate>(v);
 }
@@ -93,14 +117,6 @@ QString asText(const DbValue& v) {
     return QString();
 }
 
-std::string residualKey(const DbValue& service, const DbValue& start, const DbValue& end) {
-    std::string key;
-    appendKey(key, service);
-    appendKey(key, start);
-    appendKey(key, end);
-    return key;
-}
-
 } // namespace
 
 bool ChargeAggregation::read(Database& project, const ProgressFn& progress) {
@@ -132,16 +148,21 @@ void ChargeAggregation::readDiscountDescriptions(Database& project) {
 
 void ChargeAggregation::addLine(const Statement& line) {
     std::string key;
-    key.reserve(96);
-    std::array<DbValue, ChargeGroup::KeyCount> keys;
-    for (int k = 0; k < ChargeGroup::KeyCount; ++k) {
-        keys[k] = line.value(k);
-        appendKey(key, keys[k]);
-    }
+    key.reserve(128);
+    for (int k = 0; k < ChargeGroup::KeyCount; ++k)
+        appendKey(key, line, k);
+    std::string rKey;
+    rKey.reserve(64);
+    appendKey(rKey, line, ServiceNo);
+    appendKey(rKey, line, RentalStartDate);
+    appendKey(rKey, line, RentalEndDate);
+
     auto [it, inserted] = groupIndex_.try_emplace(std::move(key), groups_.size());
     if (inserted) {
         ChargeGroup group;
-        group.keys = keys;
+        group.residualKey = rKey;
+        for (int k = 0; k < ChargeGroup::KeyCount; ++k)
+            group.keys[k] = line.value(k);
         for (int f = 0; f < 10; ++f)
             group.firsts[f] = line.value(FirstOfCallType + f);
         groups_.push_back(std::move(group));
@@ -181,7 +202,7 @@ void ChargeAggregation::addLine(const Statement& line) {
         g.anyDuration = true;
     }
 
-    ResidualAmounts& r = residuals_[residualKey(keys[0], keys[6], keys[7])];
+    ResidualAmounts& r = residuals_[std::move(rKey)];
     const bool sub = subClass.has_value();
     addIf(r.oneOff, isClass(ChargeClass::OneOff) && sub && !isNamedIn(OneOffNamed, int(*subClass)), preTax);
     addIf(r.recurring, isClass(ChargeClass::Recurring) && sub && !isNamedIn(RecurringNamed, int(*subClass)),
@@ -196,7 +217,7 @@ const ResidualAmounts* ChargeAggregation::residualFor(const ChargeGroup& group) 
     // A comparison with Null never matches: rows without rental dates get no residual.
     if (isNull(service) || isNull(start) || isNull(end))
         return nullptr;
-    const auto it = residuals_.find(residualKey(service, start, end));
+    const auto it = residuals_.find(group.residualKey);
     if (it == residuals_.end() || !it->second.hasAmount())
         return nullptr;
     return &it->second;

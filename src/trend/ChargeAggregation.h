@@ -39,6 +39,7 @@ struct ChargeGroup {
     NullableSum callVolume;
     double duration = 0;
     bool anyDuration = false;
+    std::string residualKey;        // service and rental period, as the residual map holds them
     std::array<DbValue, 10> firsts; // CallType, ProductCode, ServiceType, SourceBillRef, CFBAccountNo,
                                     // CFBReportNo, AdjustmentDescription, Description1..3
 };
