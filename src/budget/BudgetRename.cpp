@@ -1,0 +1,54 @@
+#include "budget/BudgetRename.h"
+
+#include "budget/BudgetStatus.h"
+#include "budget/clsBudget.h"
+#include "data/Database.h"
+
+QString renamedTitle(const QString& typed, bool isChild, const std::optional<QString>& masterTitle) {
+    const QChar quote(QLatin1Char('\''));
+    QString title = typed;
+    title.remove(quote);
+    if (isChild) {
+        if (masterTitle) {
+            // The master's title loses its quotes too, or a quoted prefix would stay.
+            QString prefix = *masterTitle;
+            prefix.remove(quote);
+            prefix += QLatin1Char('.');
+            title.remove(prefix);
+        } else if (title.startsWith(QLatin1Char('.'))) {
+            title.remove(0, 1);
+        }
+    }
+    return title.left(clsBudget::MaxNameLength);
+}
+
+BudgetRenameResult renameBudget(Database& budgetDb, int budgetId, const QString& typed, bool requireUnique) {
+    Transaction tx(budgetDb);
+    QString oldTitle;
+    int masterId = clsBudget::NoID;
+    std::optional<QString> masterTitle;
+    {
+        Statement row(budgetDb,
+                      QStringLiteral("SELECT b.Title, b.MasterID, m.BudgetID, m.Title FROM tblBudget b "
+                                     "LEFT JOIN tblBudget m ON m.BudgetID = b.MasterID "
+                                     "WHERE b.BudgetID = ?"));
+        row.bind(1, budgetId);
+        if (!row.step())
+            return {BudgetStatus::Refused, QString()};
+        oldTitle = row.text(0);
+        masterId = row.isNull(1) ? clsBudget::NoID : row.integer(1);
+        if (!row.isNull(2))
+            masterTitle = row.text(3);
+    }
+    const bool isChild = masterId != clsBudget::NoID;
+    const QString title = renamedTitle(typed, isChild, masterTitle);
+    if (requireUnique &&
+        queryInt(budgetDb,
+                 QStringLiteral("SELECT COUNT(*) FROM tblBudget WHERE Title = ? COLLATE NOCASE "
+                                "AND MasterID = ? AND BudgetID <> ?"),
+                 title, masterId, budgetId) > 0)
+        return {BudgetStatus::TitleExists, oldTitle};
+    budgetDb.exec(QStringLiteral("UPDATE tblBudget SET Title = ? WHERE BudgetID = ?"), title, budgetId);
+    tx.commit();
+    return {BudgetStatus::Ok, title};
+}
