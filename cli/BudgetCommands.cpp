@@ -1,5 +1,7 @@
 #include "cli/BudgetCommands.h"
 
+#include "data/Project.h"
+
 #include "app/AppContext.h"
 #include "app/Format.h"
 #include "budget/BudgetDelete.h"
@@ -108,22 +110,14 @@ std::optional<int> budgetIdArgument(const QString& text) {
 }
 
 // The bill account of a project file, from its header table.
-QString projectAccount(const QString& path, QString& error) {
-    if (!QFileInfo::exists(path)) {
-        error = QStringLiteral("%1 does not exist").arg(path);
+QString projectAccount(AppContext& ctx, const QString& path, QString& error) {
+    Database project;
+    if (!OpenProjectDatabase(ctx, &project, path, {}, &error))
         return QString();
-    }
-    try {
-        Database project = Database::open(path, Database::Mode::ReadOnly);
-        Statement st(project, QStringLiteral("SELECT VeloraAccount FROM Tbl50"));
-        const QString account = st.step() ? st.text(0) : QString();
-        if (account.isEmpty())
-            error = QStringLiteral("%1 has no bill account").arg(path);
-        return account;
-    } catch (const DbError& e) {
-        error = QStringLiteral("%1 is not a project: %2").arg(path, e.message());
-        return QString();
-    }
+    const QString account = readBillAccount(project);
+    if (account.isEmpty())
+        error = QStringLiteral("%1 has no bill account").arg(path);
+    return account;
 }
 
 // The level as a number 0-5, or as the form names it ("Whole Bill", "Level 3").
@@ -264,7 +258,7 @@ int budgetMasterCommand(AppContext& ctx, const QStringList& args) {
     QString account = o.value(QStringLiteral("account"));
     if (account.isEmpty() && o.has(QStringLiteral("project"))) {
         QString error;
-        account = projectAccount(o.value(QStringLiteral("project")), error);
+        account = projectAccount(ctx, o.value(QStringLiteral("project")), error);
         if (account.isEmpty()) {
             printError(error);
             return 1;

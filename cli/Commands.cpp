@@ -4,6 +4,7 @@
 #include "app/DialogService.h"
 #include "app/Startup.h"
 #include "app/cPathControl.h"
+#include "cli/BudgetCommands.h"
 #include "cli/ConvertCommand.h"
 #include "cli/TrendCommands.h"
 #include "tools/DemoCommand.h"
@@ -67,7 +68,7 @@ int runCli(const QStringList& arguments) {
     QString appFolder;
     for (int i = 0; i < args.size();) {
         if (args[i] == QLatin1String("--help") || args[i] == QLatin1String("-h")) {
-            std::printf("%s", Usage);
+            std::printf("%s%s", Usage, BudgetCommandsUsage);
             return 0;
         }
         if (args[i] == QLatin1String("--app-folder")) {
@@ -90,6 +91,17 @@ int runCli(const QStringList& arguments) {
         return withInstallation(appFolder, [&](AppContext& ctx) { return gatherCommand(ctx, args); });
     if (command == QLatin1String("trends"))
         return withInstallation(appFolder, [&](AppContext& ctx) { return trendsCommand(ctx, args); });
+    if (command == QLatin1String("budgets"))
+        return withInstallation(appFolder, [&](AppContext& ctx) { return budgetsCommand(ctx, args); });
+    if (command == QLatin1String("budget-master"))
+        return withInstallation(appFolder, [&](AppContext& ctx) { return budgetMasterCommand(ctx, args); });
+    if (command == QLatin1String("budget-cc"))
+        return withInstallation(appFolder,
+                                [&](AppContext& ctx) { return budgetCostCentreCommand(ctx, args); });
+    if (command == QLatin1String("budget-delete"))
+        return withInstallation(appFolder, [&](AppContext& ctx) { return budgetDeleteCommand(ctx, args); });
+    if (command == QLatin1String("budget-rename"))
+        return withInstallation(appFolder, [&](AppContext& ctx) { return budgetRenameCommand(ctx, args); });
     if (command == QLatin1String("stores"))
         return withInstallation(appFolder, storesCommand);
     return usageError(QStringLiteral("unknown command '%1'").arg(command));

@@ -19,15 +19,6 @@ bool openProject(AppContext& ctx, const QString& path, Database& project) {
     return true;
 }
 
-QString projectAccount(Database& project) {
-    try {
-        Statement st(project, QStringLiteral("SELECT VeloraAccount FROM Tbl50"));
-        return st.step() ? st.text(0) : QString();
-    } catch (const DbError&) {
-        return QString();
-    }
-}
-
 } // namespace
 
 int gatherCommand(AppContext& ctx, const QStringList& args) {
@@ -63,7 +54,7 @@ int trendsCommand(AppContext& ctx, const QStringList& args) {
     Database project;
     if (!openProject(ctx, args[1], project))
         return 1;
-    const QString account = projectAccount(project);
+    const QString account = readBillAccount(project);
     if (account.isEmpty()) {
         std::fprintf(stderr, "vantrel-cli: %s has no bill account\n", qPrintable(args[1]));
         return 1;

@@ -57,3 +57,12 @@ bool OpenProjectDatabase(AppContext& ctx, Database* target, const QString& path,
     }
     return true;
 }
+
+QString readBillAccount(Database& project) {
+    try {
+        Statement st(project, QStringLiteral("SELECT VeloraAccount FROM Tbl50"));
+        return st.step() ? st.text(0) : QString();
+    } catch (const DbError&) {
+        return QString();
+    }
+}

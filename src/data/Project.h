@@ -14,3 +14,6 @@ class Database;
 // damaged, or carries a password that is not in the list; `error` then says why.
 bool OpenProjectDatabase(AppContext& ctx, Database* target, const QString& path,
                          const ProgressFn& progress = {}, QString* error = nullptr);
+
+// The project's bill account from its header row; "" when it has none or no header.
+QString readBillAccount(Database& project);
