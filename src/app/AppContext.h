@@ -1,6 +1,7 @@
 #pragma once
 // The process-wide state of the running program: folders, the open stores, the
 // selected project and the output facilities. One object, passed to those who need it.
+#include "app/cColours_Orvane.h"
 #include "app/cPathControl.h"
 #include "data/Database.h"
 
@@ -16,6 +17,7 @@ struct AppContext {
     DialogService& dialogs;
     QString version;
     std::unique_ptr<cPathControl> paths;
+    cColours_Orvane colours;
 
     // The four installed stores, open for the whole run.
     Database budgetDb;

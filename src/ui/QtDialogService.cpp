@@ -6,8 +6,18 @@
 
 namespace {
 
+// The box stands over the window the user sees: the active one, else any window that
+// is up (the splash during start-up takes no focus, yet a box must not hide behind it).
 QWidget* activeParent() {
-    return QApplication::activeWindow();
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows)
+        if (window->isVisible() && window->isWindow() && !window->inherits("QMenu"))
+            return window;
+    return nullptr;
 }
 
 QString captionOr(const QString& title) {
