@@ -35,6 +35,9 @@ struct AppContext {
     bool hasImports = false;
     bool trendEnabled = false;
 
+    // The budget created last in the budget forms, so the management list can select it.
+    int lastBudgetId = -1;
+
     // Output facilities found at start.
     bool hasPrinter = false;
     bool hasPdfPrinter = true; // PDF is written directly, so it is always there
