@@ -85,5 +85,7 @@ CREATE TABLE TblSummaryTrend (
     "Usage Other" CURRENCY,
     "One Off Other" CURRENCY
 );
-CREATE INDEX idxTrendAccountDate ON TblSummaryTrend (BillAccount, BillDate);
+-- The bill's totals by cost type are read straight from this index.
+CREATE INDEX idxTrendAccountDateTotals ON TblSummaryTrend (BillAccount, BillDate, "Usage Charges",
+    "Recurring Charges", "One Off Charges and Credits", "Adjustments");
 CREATE INDEX idxTrendAccountService ON TblSummaryTrend (BillAccount, "Service No");

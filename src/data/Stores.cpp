@@ -121,8 +121,26 @@ void UpgradeStores(Database& budgetDb, Database& trendDb) {
     try {
         if (trendDb.isOpen() && !trendDb.tableExists(QStringLiteral("tblSummaryTrend")))
             CreateTrendTable(trendDb);
+        else if (trendDb.isOpen())
+            addTrendIndexes(trendDb);
     } catch (const DbError&) {
     }
+}
+
+void addTrendIndexes(Database& trendDb) {
+    // Stores made before the totals index get it once; the narrower index it replaces goes.
+    if (queryInt(trendDb, QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'index' AND "
+                                         "name = 'idxTrendAccountDateTotals'")) > 0)
+        return;
+    Transaction tx(trendDb);
+    trendDb.execScript(
+        QStringLiteral("DROP INDEX IF EXISTS idxTrendAccountDate;"
+                       "CREATE INDEX idxTrendAccountDateTotals ON TblSummaryTrend (BillAccount, BillDate, "
+                       "\"Usage Charges\", "
+                       "\"Recurring Charges\", \"One Off Charges and Credits\", \"Adjustments\");"
+                       "CREATE INDEX IF NOT EXISTS idxTrendAccountService ON TblSummaryTrend (BillAccount, "
+                       "\"Service No\");"));
+    tx.commit();
 }
 
 void CreateTrendTable(Database& trendDb) {

@@ -39,6 +39,9 @@ void UpgradeStores(Database& budgetDb, Database& trendDb);
 // Sets every Null money column of the trend table to 0.
 void ZeroNullTrendColumns(Database& trendDb);
 
+// Gives an older trend table the indexes the reports read through.
+void addTrendIndexes(Database& trendDb);
+
 // Creates the trend table (82 columns) and its indexes.
 void CreateTrendTable(Database& trendDb);
 

@@ -109,6 +109,7 @@ private slots:
     void upgradeAddsBothHierarchyColumns();
     void storeWithMasterIdIsLeftAsItIs();
     void upgradeCreatesMissingTrendTable();
+    void olderTrendStoreGetsTheTotalsIndex();
     void zeroingTouchesOnlyNullMoney();
     void zeroingAnEmptyTableChangesNothing();
 };
@@ -169,6 +170,39 @@ void StoreUpgradeTest::upgradeCreatesMissingTrendTable() {
     trend.execScript(QStringLiteral("DROP TABLE tblSummaryTrend"));
     UpgradeStores(budgets, trend);
     QCOMPARE(trend.columnNames(QStringLiteral("tblSummaryTrend")), TrendColumns);
+}
+
+void StoreUpgradeTest::olderTrendStoreGetsTheTotalsIndex() {
+    Database budgets = Database::openMemory();
+    budgets.execScript(schemaText(QStringLiteral("budgets")));
+    Database trend = Database::openMemory();
+    CreateTrendTable(trend);
+    trend.execScript(
+        QStringLiteral("DROP INDEX idxTrendAccountDateTotals; DROP INDEX idxTrendAccountService;"
+                       "CREATE INDEX idxTrendAccountDate ON TblSummaryTrend (BillAccount, BillDate)"));
+    UpgradeStores(budgets, trend);
+    const auto indexes = [&] {
+        QStringList names;
+        Statement st(trend,
+                     QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'index' ORDER BY name"));
+        while (st.step())
+            names << st.text(0);
+        return names;
+    };
+    QCOMPARE(indexes(), QStringList({"idxTrendAccountDateTotals", "idxTrendAccountService"}));
+    // A bill's totals by cost type come from the index alone.
+    Statement plan(
+        trend,
+        QStringLiteral("EXPLAIN QUERY PLAN SELECT BillDate, sum(\"Usage Charges\"), "
+                       "sum(\"Recurring Charges\"), sum(\"One Off Charges and Credits\"), "
+                       "sum(Adjustments) FROM tblSummaryTrend WHERE BillAccount = ? GROUP BY BillDate"));
+    plan.bind(1, QStringLiteral("A"));
+    QString detail;
+    while (plan.step())
+        detail += plan.text(3);
+    QVERIFY2(detail.contains(QStringLiteral("COVERING INDEX")), qPrintable(detail));
+    UpgradeStores(budgets, trend);
+    QCOMPARE(indexes().size(), 2);
 }
 
 void StoreUpgradeTest::zeroingTouchesOnlyNullMoney() {
