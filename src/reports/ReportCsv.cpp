@@ -17,9 +17,15 @@ QString csvLine(const QStringList& fields) {
     return quoted.join(QLatin1Char(',')) + LineEnd;
 }
 
-// The shortest text that reads back as the same number, never in exponent form.
+// Chart values come from amounts of four decimals divided by a power of ten, so eight
+// decimals hold them whole; binary noise beyond that is dropped. Never in exponent form.
 QString numberText(double value) {
-    return QString::number(value, 'f', QLocale::FloatingPointShortest);
+    QString text = QString::number(value, 'f', 8);
+    while (text.endsWith(QLatin1Char('0')))
+        text.chop(1);
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    return text == QLatin1String("-0") ? QStringLiteral("0") : text;
 }
 
 } // namespace

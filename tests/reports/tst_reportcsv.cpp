@@ -14,11 +14,30 @@ private slots:
     void gridRowsThenChartBlocks();
     void totalChargesReportAsWritten();
     void unwritableFileIsReported();
+    void chartValuesCarryNoBinaryNoise();
     void requestParsing_data();
     void requestParsing();
     void requestParameters_data();
     void requestParameters();
 };
+
+void ReportCsvTest::chartValuesCarryNoBinaryNoise() {
+    Report report;
+    report.grid.resize(0, 0);
+    ReportChart chart;
+    chart.resize(1, 3);
+    chart.setSeriesLabel(0, QStringLiteral("Usage"));
+    for (int p = 0; p < 3; ++p)
+        chart.setPointLabel(p, QStringLiteral("P%1").arg(p));
+    chart.setValue(0, 0, 28963.6329 / 10); // 2896.3632900000002 as a double
+    chart.setValue(0, 1, -0.1 - 0.2);
+    chart.setValue(0, 2, -1e-12);
+    report.charts.push_back(chart);
+    const QString csv = reportToCsv(report);
+    QVERIFY2(csv.contains(QStringLiteral("P0,2896.36329")), qPrintable(csv));
+    QVERIFY2(csv.contains(QStringLiteral("P1,-0.3")), qPrintable(csv));
+    QVERIFY2(csv.contains(QStringLiteral("P2,0")), qPrintable(csv));
+}
 
 void ReportCsvTest::fieldQuoting_data() {
     QTest::addColumn<QString>("text");
