@@ -3,6 +3,7 @@
 #include "trend/ChargeClasses.h"
 #include "trend/ServiceDescription.h"
 
+#include <algorithm>
 #include <cstring>
 #include <optional>
 #include <sqlite3.h>
@@ -125,7 +126,8 @@ bool ChargeAggregation::read(Database& project, const ProgressFn& progress) {
     Statement lines(project, QString::fromLatin1(LineScan));
     while (lines.step()) {
         addLine(lines);
-        if (++linesRead_ % 8192 == 0 && !reportProgress(progress, linesRead_, lineCount_ * 2))
+        if (++linesRead_ % 8192 == 0 &&
+            !reportProgress(progress, linesRead_, std::max<qint64>(lineCount_, 1) * 2))
             return false;
     }
     return true;

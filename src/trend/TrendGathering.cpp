@@ -7,6 +7,8 @@
 #include "trend/ChargeAggregation.h"
 #include "trend/ServiceDescription.h"
 
+#include <algorithm>
+
 namespace {
 
 struct BillHeader {
@@ -69,7 +71,10 @@ GatherResult GatherTrend(AppContext& ctx, Database& project, const ProgressFn& p
         Statement insert(ctx.trendDb, QStringLiteral("INSERT INTO tblSummaryTrend (%1) VALUES (%2)")
                                           .arg(quotedColumns(columns), marks.join(QStringLiteral(", "))));
         ServiceDescriptionCache descriptions(project);
-        const qint64 total = charges.lineCount() + qint64(charges.groups().size());
+        // Reading the lines is the first half of the bar, writing the rows the second.
+        const qint64 lines = std::max<qint64>(charges.lineCount(), 1);
+        const qint64 total = 2 * lines;
+        const qint64 groups = std::max<qint64>(qint64(charges.groups().size()), 1);
         qint64 written = 0;
         for (const ChargeGroup& group : charges.groups()) {
             const std::vector<DbValue> values =
@@ -78,7 +83,7 @@ GatherResult GatherTrend(AppContext& ctx, Database& project, const ProgressFn& p
                 insert.bind(i + 1, values[i]);
             insert.run();
             insert.reset();
-            if (++written % 2048 == 0 && !reportProgress(progress, charges.lineCount() + written, total)) {
+            if (++written % 2048 == 0 && !reportProgress(progress, lines + written * lines / groups, total)) {
                 result.status = GatherResult::Status::Cancelled;
                 return result; // the transaction rolls back
             }
