@@ -63,18 +63,11 @@ QPushButton* actionButton(const QString& name, const QString& caption, QWidget* 
     return button;
 }
 
-// Sorts by a column as a click on its header does. The list's own sorting, which the sort
-// turns off, takes the header's clickability with it; the header must stay clickable.
-void sortBy(QTreeWidget* list, int column) {
-    SortListByColumn(list, column);
-    list->header()->setSectionsClickable(true);
-}
-
 // Sorts by name, ascending, whatever order the user chose before.
 void sortByName(QTreeWidget* list) {
     if (listSortColumn(list) == frmBudgetManagement::NameColumn && listSortAscending(list))
-        sortBy(list, frmBudgetManagement::NameColumn);
-    sortBy(list, frmBudgetManagement::NameColumn);
+        SortListByColumn(list, frmBudgetManagement::NameColumn);
+    SortListByColumn(list, frmBudgetManagement::NameColumn);
 }
 
 } // namespace
@@ -153,10 +146,7 @@ frmBudgetManagement::frmBudgetManagement(AppContext& ctx, QWidget* parent)
     setListColumnTag(lstBudgets_, StartDateColumn, QStringLiteral("d"));
     setListColumnTag(lstBudgets_, EndDateColumn, QStringLiteral("d"));
     setListColumnTag(lstBudgets_, MasterIdColumn, QStringLiteral("n"));
-    lstBudgets_->header()->setSectionsClickable(true);
-    lstBudgets_->header()->setSortIndicatorShown(false);
-    connect(lstBudgets_->header(), &QHeaderView::sectionClicked, this,
-            [this](int column) { sortBy(lstBudgets_, column); });
+    sortListOnHeaderClick(lstBudgets_);
     lstBudgets_->installEventFilter(this);
     connect(lstBudgets_, &QTreeWidget::itemSelectionChanged, this, &frmBudgetManagement::rowSelected);
     connect(lstBudgets_, &QTreeWidget::itemChanged, this, &frmBudgetManagement::nameEdited);

@@ -45,8 +45,10 @@ void SortListByColumn(QTreeWidget* list, int column) {
     list->setProperty(SortColumnProperty, column);
     list->setProperty(SortAscendingProperty, ascending);
 
-    // The list's own sort compares text; dates and numbers need their values.
+    // The list's own sort compares text; dates and numbers need their values. Turning it
+    // off also makes the header unclickable, so clicks are turned back on.
     list->setSortingEnabled(false);
+    list->header()->setSectionsClickable(true);
     QTreeWidgetItem* current = list->currentItem();
     const QList<QTreeWidgetItem*> selected = list->selectedItems();
     QList<QTreeWidgetItem*> items;
