@@ -45,8 +45,11 @@ void SortListByColumn(QTreeWidget* list, int column) {
     list->setProperty(SortColumnProperty, column);
     list->setProperty(SortAscendingProperty, ascending);
 
-    // The list's own sort compares text; dates and numbers need their values.
+    // The list's own sort compares text; dates and numbers need their values. Turning
+    // it off also makes the headers unclickable, which would end the sorting by click.
+    const bool clickable = list->header()->sectionsClickable();
     list->setSortingEnabled(false);
+    list->header()->setSectionsClickable(clickable);
     QTreeWidgetItem* current = list->currentItem();
     const QList<QTreeWidgetItem*> selected = list->selectedItems();
     QList<QTreeWidgetItem*> items;
