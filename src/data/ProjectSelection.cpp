@@ -15,7 +15,7 @@ void CloseProject(AppContext& ctx) {
     ctx.billEnd.clear();
 }
 
-bool SelectProject(AppContext& ctx, const QString& path) {
+bool SelectProject(AppContext& ctx, const QString& path, const ProgressFn& progress) {
     if (path.isEmpty()) {
         CloseProject(ctx);
         return true;
@@ -26,7 +26,7 @@ bool SelectProject(AppContext& ctx, const QString& path) {
         CloseProject(ctx);
     ctx.projectPath = path;
 
-    bool ok = OpenProjectDatabase(ctx, nullptr, QString());
+    bool ok = OpenProjectDatabase(ctx, nullptr, QString(), progress);
     ok = LoadProjectDetails(ctx) && ok;
 
     // A project that cannot be read gives empty header values, and so fails the tests below.
