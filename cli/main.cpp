@@ -2,11 +2,28 @@
 #include "cli/Commands.h"
 
 #include <QApplication>
+#include <QByteArray>
+
+namespace {
+
+// Report images are drawn with the desktop program's chart widgets; every other command
+// runs on the core alone.
+bool drawsImages(int argc, char** argv) {
+    for (int i = 1; i + 1 < argc; ++i)
+        if (QByteArray(argv[i]) == "--format" && QByteArray(argv[i + 1]).toLower() == "png")
+            return true;
+    return false;
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
-    // Report images are drawn with the desktop program's chart widgets, which need a
-    // graphical platform. The tool shows no window, so unless one is chosen it draws off
-    // screen: every command then runs the same with or without a display.
+    if (!drawsImages(argc, argv)) {
+        QCoreApplication app(argc, argv);
+        return runCli(app.arguments());
+    }
+    // The tool shows no window, so unless a platform is chosen it draws off screen: the
+    // images come out the same with or without a display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);

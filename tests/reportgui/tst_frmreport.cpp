@@ -49,6 +49,7 @@ private slots:
     void cleanup();
     void totalChargesFromTheMenuShowsGridAndChart();
     void windowTextsAndButtons();
+    void builtChartsTakeTheSchemesColours();
     void rowClickDrillsDownAndPreviousComesBack_data();
     void rowClickDrillsDownAndPreviousComesBack();
     void rowCaptionClickDrillsDownToo();
@@ -155,6 +156,20 @@ void FrmReportTest::windowTextsAndButtons() {
     QVERIFY(form.detailsButton()->isHidden());
     QVERIFY(form.chartView());
     QVERIFY(form.chartView()->isVisible());
+}
+
+void FrmReportTest::builtChartsTakeTheSchemesColours() {
+    TrendFixture f;
+    fillThreeBills(f);
+    ReportSession session;
+    const Report report = startTotalCharges(f, session);
+    // The first five entries of the series table, as the scheme lists them.
+    const std::vector<QColor> expected{QColor(113, 45, 194), QColor(228, 56, 40), QColor(30, 200, 230),
+                                       QColor(170, 170, 170), QColor(255, 128, 255)};
+    QCOMPARE(report.charts.front().seriesColours, expected);
+    frmReport form(f.ctx, session, report);
+    const QList<QAbstractSeries*> drawn = form.chartView()->chart()->series();
+    QCOMPARE(qobject_cast<QLineSeries*>(drawn[3])->color(), QColor(170, 170, 170));
 }
 
 void FrmReportTest::rowClickDrillsDownAndPreviousComesBack_data() {

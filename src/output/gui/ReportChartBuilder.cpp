@@ -9,6 +9,7 @@
 #include <QBarSeries>
 #include <QBarSet>
 #include <QChart>
+#include <QGraphicsLayout>
 #include <QLegendMarker>
 #include <QLineSeries>
 #include <QPieSeries>
@@ -22,7 +23,9 @@ namespace {
 
 constexpr char SeriesIndexProperty[] = "vantrelReportSeries";
 constexpr qreal LineWidth = 2.5;
-constexpr qreal MarkerSize = 7;
+constexpr qreal MarkerSize = 5;
+// About this many steps up the value axis.
+constexpr int ValueSteps = 8;
 // More point labels than this lie slanted so that dates do not run into each other.
 constexpr int UprightLabelLimit = 12;
 // More series than this put the legend beside the plot rather than under it.
@@ -86,16 +89,29 @@ void styleAxis(QAbstractAxis* axis, const cColours& colours) {
     axis->setShadesVisible(false);
 }
 
+// A round step (1, 2, 2.5 or 5 times a power of ten) that cuts the span into about
+// ValueSteps parts.
+double niceStep(double span) {
+    const double raw = span / ValueSteps;
+    const double magnitude = std::pow(10.0, std::floor(std::log10(raw)));
+    const double residual = raw / magnitude;
+    const double nice = residual <= 1     ? 1
+                        : residual <= 2   ? 2
+                        : residual <= 2.5 ? 2.5
+                        : residual <= 5   ? 5
+                                          : 10;
+    return nice * magnitude;
+}
+
 QValueAxis* valueAxis(const Span& span, const QString& title, const cColours& colours) {
     auto* axis = new QValueAxis;
-    double low = span.low;
-    double high = span.high;
-    if (low == high)
-        high = low + 1;
+    const double step = niceStep(span.high > span.low ? span.high - span.low : 1.0);
+    const double low = std::floor(span.low / step) * step;
+    double high = std::ceil(span.high / step) * step;
+    if (high <= low)
+        high = low + step;
     axis->setRange(low, high);
-    axis->setTickCount(7);
-    axis->applyNiceNumbers();
-    const double step = (axis->max() - axis->min()) / std::max(1, axis->tickCount() - 1);
+    axis->setTickCount(int(std::lround((high - low) / step)) + 1);
     axis->setLabelFormat(step >= 1 ? QStringLiteral("%.0f")
                                    : (step >= 0.1 ? QStringLiteral("%.1f") : QStringLiteral("%.2f")));
     axis->setMinorTickCount(0);
@@ -116,7 +132,7 @@ QBarCategoryAxis* categoryAxis(const ReportChart& chart, const QString& title, c
     axis->append(labels);
     axis->setTitleText(title);
     if (chart.pointCount() > UprightLabelLimit)
-        axis->setLabelsAngle(-45);
+        axis->setLabelsAngle(-90);
     axis->setGridLineVisible(false);
     styleAxis(axis, colours);
     return axis;
@@ -222,6 +238,7 @@ void styleChart(QChart* qchart, const ReportChart& chart, const cColours& colour
     qchart->setBackgroundRoundness(0);
     qchart->setBackgroundBrush(Qt::white);
     qchart->setMargins(QMargins(8, 8, 8, 8));
+    qchart->layout()->setContentsMargins(0, 0, 0, 0); // the white reaches the edges
     qchart->setTitle(chart.title);
     qchart->setTitleFont(chartFont(12, true));
     qchart->setTitleBrush(qColor(colours.Indigo(6)));
@@ -232,7 +249,10 @@ void styleChart(QChart* qchart, const ReportChart& chart, const cColours& colour
     legend->setVisible(chart.showLegend);
     legend->setFont(chartFont(9, false));
     legend->setLabelColor(qColor(colours.Grey(6)));
-    legend->setMarkerShape(QLegend::MarkerShapeFromSeries);
+    // Lines show a stroke with its point in the legend, bars a filled box.
+    legend->setMarkerShape(isBar(chart.type) || chart.type == ChartType::Pie2d
+                               ? QLegend::MarkerShapeRectangle
+                               : QLegend::MarkerShapeFromSeries);
     legend->setAlignment(chart.seriesCount() > LegendBelowLimit ? Qt::AlignRight : Qt::AlignBottom);
 }
 

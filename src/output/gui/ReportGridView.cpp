@@ -47,8 +47,9 @@ ReportGridView::ReportGridView(const cColours& colours, QWidget* parent)
             emit cellChosen(0, col + headingCols());
     });
     // The corner shows the first cell of the grid, the heading of the row headings.
-    if (auto* corner = findChild<QAbstractButton*>())
-        corner->installEventFilter(this);
+    corner_ = findChild<QAbstractButton*>();
+    if (corner_)
+        corner_->installEventFilter(this);
 }
 
 int ReportGridView::twipsToPixels(int twips) const {
@@ -181,8 +182,8 @@ int ReportGridView::fittingHeight(int rows) const {
 }
 
 bool ReportGridView::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Paint && watched->isWidgetType() && headingRows() > 0 && headingCols() > 0) {
-        paintCorner(static_cast<QWidget*>(watched));
+    if (watched == corner_ && event->type() == QEvent::Paint && headingRows() > 0 && headingCols() > 0) {
+        paintCorner(corner_);
         return true;
     }
     return QTableWidget::eventFilter(watched, event);

@@ -48,5 +48,6 @@ private:
     void paintCorner(QWidget* corner);
 
     const cColours& colours_;
+    QWidget* corner_ = nullptr;
     ReportGrid grid_;
 };
