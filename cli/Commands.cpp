@@ -30,7 +30,7 @@ const char* const Usage =
     "  convert ACCESS_FILE OUT.sqlite\n"
     "      write every table of an Access file, as the program reads it, to a SQLite file\n"
     "  report NUMBER --project PROJECT [--level L --value V --view N --service S --chart-type T]\n"
-    "         --format csv --out FILE\n"
+    "         --format csv|png --out FILE\n"
     "      build trend report 1 to 5 as the program would and write its grid and chart data\n"
     "  stores\n"
     "      open the installation's stores as the program does at start and say what was found\n"

@@ -1,9 +1,31 @@
 // vantrel-cli: batch work on an installation, beside the desktop program.
 #include "cli/Commands.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QByteArray>
+
+namespace {
+
+// Report images are drawn with the desktop program's chart widgets; every other command
+// runs on the core alone.
+bool drawsImages(int argc, char** argv) {
+    for (int i = 1; i + 1 < argc; ++i)
+        if (QByteArray(argv[i]) == "--format" && QByteArray(argv[i + 1]).toLower() == "png")
+            return true;
+    return false;
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv);
+    if (!drawsImages(argc, argv)) {
+        QCoreApplication app(argc, argv);
+        return runCli(app.arguments());
+    }
+    // The tool shows no window, so unless a platform is chosen it draws off screen: the
+    // images come out the same with or without a display.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
     return runCli(app.arguments());
 }

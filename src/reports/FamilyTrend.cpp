@@ -1,7 +1,6 @@
 #include "reports/FamilyTrend.h"
 
 #include "app/Format.h"
-#include "reports/ReportColours.h"
 
 namespace {
 
@@ -34,7 +33,7 @@ constexpr int PercentRow = 6;
 } // namespace
 
 void fillFamilyTrend(Report& report, const std::vector<DateSums>& rows, const PercentRule& percent,
-                     const QString& chartTitle, int& location) {
+                     const QString& chartTitle, const cColours& colours, int& location) {
     ReportGrid& grid = report.grid;
     grid.resize(7, TrendDateWindow + 1);
     for (int r = 0; r < grid.rowCount(); ++r)
@@ -103,6 +102,6 @@ void fillFamilyTrend(Report& report, const std::vector<DateSums>& rows, const Pe
         }
         chart.setValue(0, p, total.toDouble());
     }
-    chart.seriesColours = ReportColours::graphColours(false, chart.seriesCount());
+    chart.seriesColours = graphColours(colours, false, chart.seriesCount());
     report.charts.push_back(std::move(chart));
 }

@@ -17,6 +17,6 @@ using PercentRule = std::function<PercentCell(Money previous, Money present)>;
 
 // Fills `report` with grid and chart from rows of (date, usage, recurring, one off,
 // adjustments), oldest first and at most one window long. A missing family sum is a
-// failure, as using it in the total is.
+// failure, as using it in the total is. The chart's series take the scheme's colours.
 void fillFamilyTrend(Report& report, const std::vector<DateSums>& rows, const PercentRule& percent,
-                     const QString& chartTitle, int& location);
+                     const QString& chartTitle, const cColours& colours, int& location);

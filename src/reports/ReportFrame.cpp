@@ -19,6 +19,18 @@ int GetChargeView(const QString& name) {
     return 0;
 }
 
+std::vector<QColor> graphColours(const cColours& colours, bool pie, int seriesCount) {
+    const int tableSize = pie ? cColours::PieTableSize : cColours::SeriesTableSize;
+    std::vector<QColor> out;
+    for (int i = 0; i < seriesCount; ++i) {
+        if (i >= tableSize)
+            out.emplace_back();
+        else
+            out.push_back((pie ? colours.pieEntry(i) : colours.seriesEntry(i)).toQColor());
+    }
+    return out;
+}
+
 QStringList FilterServiceNumbers(AppContext& ctx, int level, const QString& value) {
     // Reference data counts the cost-centre levels from 0 and calls the number level 5.
     if (level >= 1 && level <= 5)

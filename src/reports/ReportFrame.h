@@ -2,6 +2,7 @@
 // What the trend report builders share: the service filter, the date window, the chart
 // scale, titles, the grid's measures and the error path.
 #include "app/Money.h"
+#include "app/cColours.h"
 #include "data/Database.h"
 #include "reports/ReportContext.h"
 
@@ -18,6 +19,13 @@ inline const QString DrillDownNote = QStringLiteral("Click on a line to drill-do
 inline const QString PercentChange = QStringLiteral("Percent Change (%)");
 inline const QString Totals = QStringLiteral("Totals (£)");
 } // namespace ReportText
+
+// A rise in the percent rows is pure red; a fall takes DecreaseColour.
+inline constexpr ColourNumber IncreaseColour = RGB(255, 0, 0);
+
+// The colours of a chart's series from the scheme: the pie table for a pie, else the
+// series table. Series beyond the table keep the chart's own (an invalid colour).
+std::vector<QColor> graphColours(const cColours& colours, bool pie, int seriesCount);
 
 // Column widths of the trend grids, in twips.
 constexpr int CaptionColumnTwips = 3000;

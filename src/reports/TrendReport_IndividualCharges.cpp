@@ -1,6 +1,5 @@
 #include "app/AppContext.h"
 #include "app/Format.h"
-#include "reports/ReportColours.h"
 #include "reports/ReportFrame.h"
 #include "reports/TrendReports.h"
 
@@ -203,7 +202,7 @@ ReportResult TrendReport_IndividualCharges(ReportContext& rc, int level, const Q
             for (int i = 0; i < itemCount; ++i)
                 chart.setValue(i, p, scaledValue(row.sums[size_t(i)].value_or(Money()), scale));
         }
-        chart.seriesColours = ReportColours::graphColours(false, chart.seriesCount());
+        chart.seriesColours = graphColours(ctx.colours, false, chart.seriesCount());
         report.charts.push_back(std::move(chart));
 
         // Colours follow the last percent read: a column without a percent text still
@@ -219,9 +218,9 @@ ReportResult TrendReport_IndividualCharges(ReportContext& rc, int level, const Q
                 pct = percentOfText(grid.text(percentRow, c));
             grid.setBold(percentRow, c);
             if (pct < Money())
-                grid.setForeColor(percentRow, c, ReportColours::Decrease.toColor());
+                grid.setForeColor(percentRow, c, qColor(DecreaseColour));
             else if (pct > Money())
-                grid.setForeColor(percentRow, c, ReportColours::Increase.toColor());
+                grid.setForeColor(percentRow, c, qColor(IncreaseColour));
         }
         return {ReportStatus::Shown, std::move(report)};
     });

@@ -1,7 +1,6 @@
 #include "app/AppContext.h"
 #include "app/Format.h"
 #include "app/TextHelpers.h"
-#include "reports/ReportColours.h"
 #include "reports/ReportFrame.h"
 #include "reports/TrendReports.h"
 
@@ -145,9 +144,9 @@ ReportResult TrendReport_Service(ReportContext& rc, int level, const QString& va
             }
             grid.setBold(percentRow, c);
             if (pct > 0)
-                grid.setForeColor(percentRow, c, ReportColours::Increase.toColor());
+                grid.setForeColor(percentRow, c, qColor(IncreaseColour));
             else if (pct < 0)
-                grid.setForeColor(percentRow, c, ReportColours::Decrease.toColor());
+                grid.setForeColor(percentRow, c, qColor(DecreaseColour));
         }
         for (int c = 0; c < grid.colCount(); ++c) {
             grid.setBold(totalRow, c);
@@ -173,7 +172,7 @@ ReportResult TrendReport_Service(ReportContext& rc, int level, const QString& va
                                               : std::optional(scaledValue(amountOfCell(cell), scale)));
             }
         }
-        chart.seriesColours = ReportColours::graphColours(false, chart.seriesCount());
+        chart.seriesColours = graphColours(ctx.colours, false, chart.seriesCount());
         report.charts.push_back(std::move(chart));
         return {ReportStatus::Shown, std::move(report)};
     });

@@ -1,7 +1,6 @@
 #include "app/AppContext.h"
 #include "app/Format.h"
 #include "reports/FamilyTrend.h"
-#include "reports/ReportColours.h"
 #include "reports/TrendReports.h"
 
 namespace {
@@ -18,9 +17,9 @@ PercentCell serviceLevel2Percent(Money previous, Money present) {
     cell.text = (pct > 0 ? QStringLiteral("+") : QString()) +
                 formatNumber(pct, QStringLiteral("###,###0.00")) + QStringLiteral("%");
     if (pct > 0)
-        cell.colour = ReportColours::Increase.toColor();
+        cell.colour = qColor(IncreaseColour);
     else if (pct < 0)
-        cell.colour = ReportColours::Decrease.toColor();
+        cell.colour = qColor(DecreaseColour);
     return cell;
 }
 
@@ -63,7 +62,8 @@ ReportResult TrendReport_ServiceLevel2(ReportContext& rc, int level, const QStri
         report.params = serviceLevel2Params(level, value, service);
         report.caption = service + QStringLiteral(" Service Trend for ") + name;
         fillFamilyTrend(report, rows, serviceLevel2Percent,
-                        name + QStringLiteral(" - ") + service + QStringLiteral(" Service Trend"), location);
+                        name + QStringLiteral(" - ") + service + QStringLiteral(" Service Trend"),
+                        ctx.colours, location);
         return {ReportStatus::Shown, std::move(report)};
     });
 }

@@ -5,7 +5,6 @@
 // grouping by number in SQL, which sorts every row of the date.)
 #include "app/AppContext.h"
 #include "app/Format.h"
-#include "reports/ReportColours.h"
 #include "reports/ReportFrame.h"
 #include "reports/TrendReports.h"
 
@@ -234,7 +233,7 @@ ReportResult TrendReport_Top10CC(ReportContext& rc, int level, const QString& st
             chart.title += QStringLiteral(" (£ / %1)").arg(scale);
             chart.yAxisTitle = QStringLiteral("Costs (£/%1)").arg(scale);
         }
-        chart.seriesColours = ReportColours::graphColours(false, chart.seriesCount());
+        chart.seriesColours = graphColours(ctx.colours, false, chart.seriesCount());
         report.charts.push_back(std::move(chart));
         return {ReportStatus::Shown, std::move(report)};
     });

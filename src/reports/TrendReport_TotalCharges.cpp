@@ -1,7 +1,6 @@
 #include "app/AppContext.h"
 #include "app/Format.h"
 #include "reports/FamilyTrend.h"
-#include "reports/ReportColours.h"
 #include "reports/TrendReports.h"
 
 #include <cmath>
@@ -19,10 +18,9 @@ PercentCell totalChargesPercent(Money previous, Money present) {
     if (present > previous) {
         const double rise = std::abs(pct());
         return {QStringLiteral("+") + formatNumber(rise, QStringLiteral("#0.00")) + QStringLiteral("%"),
-                ReportColours::Increase.toColor()};
+                qColor(IncreaseColour)};
     }
-    return {formatNumber(pct(), QStringLiteral("#0.00")) + QStringLiteral("%"),
-            ReportColours::Decrease.toColor()};
+    return {formatNumber(pct(), QStringLiteral("#0.00")) + QStringLiteral("%"), qColor(DecreaseColour)};
 }
 
 } // namespace
@@ -55,7 +53,7 @@ ReportResult TrendReport_TotalCharges(ReportContext& rc, int level, const QStrin
         report.caption = title;
         report.note = ReportText::DrillDownNote;
         report.noteVisible = true;
-        fillFamilyTrend(report, rows, totalChargesPercent, title, location);
+        fillFamilyTrend(report, rows, totalChargesPercent, title, ctx.colours, location);
         return {ReportStatus::Shown, std::move(report)};
     });
 }

@@ -4,7 +4,21 @@
 #include "app/frmMenu.h"
 #include "budget/frmBudgetManagement.h"
 #include "data/ucProjectSelector.h"
+#include "reports/frmTrendReports.h"
 #include "trend/frmTrendManagement.h"
+
+namespace {
+
+// Gives a form that has a place for it a project selector of its own; its list follows
+// the project chosen there. All selectors share the one selection of the context.
+template <typename Form> void attachSelector(Form& form, AppContext& ctx) {
+    auto* selector = new ucProjectSelector(ctx, &form);
+    form.setProjectSelector(
+        selector, [selector] { selector->Cancel(); }, [selector] { selector->Refresh(); });
+    QObject::connect(selector, &ucProjectSelector::ProjectChanged, &form, &Form::projectChanged);
+}
+
+} // namespace
 
 void connectMenuForms(frmMenu& menu, AppContext& ctx) {
     // The project selector beside "Selected Project"; the trend buttons follow its choice.
@@ -18,15 +32,14 @@ void connectMenuForms(frmMenu& menu, AppContext& ctx) {
         frmTrendManagement form(ctx, &menu);
         form.exec();
     });
+    menu.setOpener(frmMenu::Opener::TrendReports, [&ctx, &menu] {
+        frmTrendReports form(ctx, &menu);
+        attachSelector(form, ctx);
+        form.exec();
+    });
     menu.setOpener(frmMenu::Opener::BudgetManagement, [&ctx, &menu] {
         frmBudgetManagement form(ctx, &menu);
-        // The budget list follows the project chosen on the form itself.
-        auto* formSelector = new ucProjectSelector(ctx, &form);
-        form.setProjectSelector(
-            formSelector, [formSelector] { formSelector->Cancel(); },
-            [formSelector] { formSelector->Refresh(); });
-        QObject::connect(formSelector, &ucProjectSelector::ProjectChanged, &form,
-                         &frmBudgetManagement::projectChanged);
+        attachSelector(form, ctx);
         form.exec();
     });
 }

@@ -1,0 +1,178 @@
+#include "output/gui/ReportWindow.h"
+
+#include "app/AppContext.h"
+#include "app/HelpTopics.h"
+#include "output/gui/ReportProgressDialog.h"
+#include "reports/ReportNavigation.h"
+#include "ui/Branding.h"
+#include "ui/BusyCursor.h"
+#include "ui/ClickableLabel.h"
+#include "ui/HelpWindow.h"
+#include "ui/HoverHints.h"
+#include "ui/WindowIcon.h"
+#include "ui/uctFooter.h"
+#include "ui/uctHeader.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace {
+
+// The report windows share the help page of the menu they are opened from.
+constexpr int ReportHelpTopic = HelpTopic::MainMenu;
+
+ClickableLabel* stripButton(const QString& name, const QString& caption, QWidget* parent) {
+    auto* label = new ClickableLabel(caption, parent);
+    label->setObjectName(name);
+    label->setAlignment(Qt::AlignCenter);
+    label->setCursor(Qt::PointingHandCursor);
+    return label;
+}
+
+} // namespace
+
+ReportWindow::ReportWindow(AppContext& ctx, ReportSession& session, QWidget* parent)
+    : QDialog(parent)
+    , ctx_(ctx)
+    , session_(session)
+    , header_(new uctHeader(this))
+    , footer_(new uctFooter(this))
+    , lblNote_(new QLabel(this))
+    , lblDisclaimer_(new QLabel(ReportWindowText::Disclaimer, this))
+    , body_(new QVBoxLayout)
+    , lblPrevious_(stripButton(QStringLiteral("lblPrevious"), QStringLiteral("Previous Report"), this))
+    , lblExcel_(stripButton(QStringLiteral("lblExcel"), QStringLiteral("Output to Excel"), this))
+    , lblPrint_(stripButton(QStringLiteral("lblPrint"), QStringLiteral("Output to Printer"), this)) {
+    setWindowTitle(QStringLiteral("Vantrel"));
+    SetIcon(this);
+    header_->setObjectName(QStringLiteral("uctHeader1"));
+    footer_->setObjectName(QStringLiteral("uctFooter1"));
+    lblNote_->setObjectName(QStringLiteral("lblNote"));
+    lblDisclaimer_->setObjectName(QStringLiteral("lblDisclaimer"));
+
+    header_->setHeaderType(uctHeader::Type::Compact);
+    header_->setTitle(QStringLiteral("Vantrel"));
+    footer_->setExitButtonText(QStringLiteral("Back"));
+    footer_->setExitToolTipText(QStringLiteral("Return to menu"));
+    footer_->RegisterButton(lblPrevious_);
+    footer_->RegisterButton(lblExcel_);
+    footer_->RegisterButton(lblPrint_);
+    footer_->hints()->watch(lblPrevious_, QStringLiteral("Return to previous level of report"));
+    // The outputs are not part of this version; the buttons say so rather than pretend.
+    for (ClickableLabel* output : {lblExcel_, lblPrint_}) {
+        footer_->hints()->watch(output, ReportWindowText::OutputLater);
+        output->setEnabled(false);
+    }
+    connect(lblPrevious_, &ClickableLabel::clicked, this, &ReportWindow::cmdPrevReport_Click);
+    connect(footer_, &uctFooter::ButtonClicked, this, [this](int value) {
+        if (value == uctFooter::ExitButton)
+            cmdExit_Click();
+    });
+    connect(footer_, &uctFooter::HelpClicked, this, [this] { ShowHelp(ctx_, ReportHelpTopic); });
+
+    QFont noteFont = lblNote_->font();
+    noteFont.setItalic(true);
+    lblNote_->setFont(noteFont);
+    lblDisclaimer_->setAlignment(Qt::AlignCenter);
+    lblDisclaimer_->setWordWrap(true);
+    QPalette muted = lblDisclaimer_->palette();
+    muted.setColor(QPalette::WindowText, qColor(ctx_.colours.Grey(5)));
+    lblDisclaimer_->setPalette(muted);
+    lblNote_->setPalette(muted);
+
+    body_->setContentsMargins(16, 8, 16, 6);
+    body_->setSpacing(8);
+    body_->addWidget(lblNote_);
+
+    auto* page = new QVBoxLayout(this);
+    page->setContentsMargins(0, 0, 0, 0);
+    page->setSpacing(0);
+    page->addWidget(header_);
+    page->addLayout(body_, 1);
+    page->addWidget(footer_);
+
+    // Reports read best large: most of the screen, never less than a usable size.
+    setMinimumSize(900, 640);
+    QSize size(1280, 880);
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        size = size.boundedTo(screen->availableSize() * 0.95).expandedTo(minimumSize());
+    resize(size);
+}
+
+void ReportWindow::setBody(QWidget* body) {
+    body_->addWidget(body, 1);
+    body_->addWidget(lblDisclaimer_);
+    ApplyBrandFont(this);
+}
+
+ClickableLabel* ReportWindow::addStripButton(const QString& name, const QString& caption,
+                                             const QString& hint) {
+    ClickableLabel* label = stripButton(name, caption, this);
+    footer_->RegisterButton(label);
+    footer_->hints()->watch(label, hint);
+    return label;
+}
+
+void ReportWindow::setReport(Report report) {
+    report_ = std::move(report);
+    setWindowTitle(report_.caption.isEmpty() ? QStringLiteral("Vantrel") : report_.caption);
+    header_->setDetail(report_.caption);
+    header_->Refresh();
+    lblNote_->setText(report_.note);
+    lblNote_->setVisible(report_.noteVisible && !report_.note.isEmpty());
+    render();
+    refreshPrevious();
+}
+
+void ReportWindow::moveTo(Report report) {
+    if (report.form == form()) {
+        setReport(std::move(report));
+        return;
+    }
+    next_ = std::move(report);
+    accept();
+}
+
+std::optional<Report> ReportWindow::takeNextReport() {
+    std::optional<Report> next = std::move(next_);
+    next_.reset();
+    return next;
+}
+
+ReportResult ReportWindow::navigate(const std::function<ReportResult(ReportContext&)>& move) {
+    BusyCursor busy;
+    ReportProgressDialog progress(QStringLiteral("Creating the report..."), this);
+    ReportContext rc(ctx_, progress.progressFn());
+    ReportResult result = move(rc);
+    refreshPrevious();
+    return result;
+}
+
+void ReportWindow::cmdPrevReport_Click() {
+    if (!CanShowPreviousReport(session_))
+        return;
+    ReportResult result = navigate([this](ReportContext& rc) { return ShowPreviousReport(rc, session_); });
+    if (result.shown())
+        moveTo(std::move(*result.report));
+}
+
+void ReportWindow::cmdExit_Click() {
+    reject();
+}
+
+void ReportWindow::reject() {
+    LeaveReports(session_);
+    next_.reset();
+    QDialog::reject();
+}
+
+void ReportWindow::showEvent(QShowEvent* event) {
+    refreshPrevious();
+    QDialog::showEvent(event);
+}
+
+void ReportWindow::refreshPrevious() {
+    lblPrevious_->setEnabled(CanShowPreviousReport(session_));
+}
