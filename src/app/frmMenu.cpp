@@ -1,4 +1,5 @@
 #include "app/frmMenu.h"
+#include "ui/FormFrame.h"
 
 #include "app/AppContext.h"
 #include "app/HelpTopics.h"
@@ -84,21 +85,10 @@ frmMenu::frmMenu(AppContext& ctx, QWidget* parent)
     }
 
     // The header and footer, as every form has them.
-    header_->setHeaderType(uctHeader::Type::Banner);
-    header_->setTitle(QStringLiteral("Vantrel"));
-    header_->setDetail(QStringLiteral("Telephone bill trends and budgets"));
-    header_->Refresh();
-    footer_->setHintLabel(lblHelp_);
-    footer_->setExitButtonText(QStringLiteral("Back"));
-    footer_->setExitToolTipText(QStringLiteral("Exit from the Vantrel"));
-    // The menu's own Help and Exit buttons stand in the window; the strip's twins would repeat them.
-    footer_->setExitButtonVisible(false);
-    footer_->setHelpVisible(false);
-    connect(footer_, &uctFooter::ButtonClicked, this, [this](int value) {
-        if (value == uctFooter::ExitButton)
-            cmdExit_Click();
-    });
-    connect(footer_, &uctFooter::HelpClicked, this, &frmMenu::cmdHelp_Click);
+    setUpFormStrips(
+        header_, uctHeader::Type::Banner, QStringLiteral("Telephone bill trends and budgets"), footer_,
+        lblHelp_, QStringLiteral("Exit from the Vantrel"), [this] { cmdExit_Click(); },
+        [this] { cmdHelp_Click(); });
 
     hints_ = new HoverHints(lblHelp_, this);
     hints_->watch(button(Opener::TrendManagement),
@@ -158,12 +148,7 @@ frmMenu::frmMenu(AppContext& ctx, QWidget* parent)
     body->addStretch(1);
     body->addLayout(actions);
 
-    auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(0, 0, 0, 0);
-    page->setSpacing(0);
-    page->addWidget(header_);
-    page->addLayout(body, 1);
-    page->addWidget(footer_);
+    layOutFormPage(this, header_, body, footer_);
 
     ApplyBrandFont(this);
     updateButtons();

@@ -1,4 +1,5 @@
 #include "budget/frmBudgetEdit.h"
+#include "ui/FormFrame.h"
 
 #include "app/AppContext.h"
 #include "app/DialogService.h"
@@ -185,12 +186,7 @@ frmBudgetEdit::frmBudgetEdit(AppContext& ctx, QWidget* parent)
     body->addWidget(grdBudget_);
     body->addWidget(chtBudget_, 1);
 
-    auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(0, 0, 0, 0);
-    page->setSpacing(0);
-    page->addWidget(header_);
-    page->addLayout(body, 1);
-    page->addWidget(footer_);
+    layOutFormPage(this, header_, body, footer_);
 
     ApplyBrandFont(this);
     resize(LabelColumnWidth + 12 * PeriodColumnWidth + 60, 700);

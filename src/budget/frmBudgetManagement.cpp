@@ -1,4 +1,5 @@
 #include "budget/frmBudgetManagement.h"
+#include "ui/FormFrame.h"
 
 #include "app/AppContext.h"
 #include "app/DialogService.h"
@@ -189,12 +190,7 @@ frmBudgetManagement::frmBudgetManagement(AppContext& ctx, QWidget* parent)
     body->addLayout(projectRow);
     body->addLayout(middle, 1);
 
-    auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(0, 0, 0, 0);
-    page->setSpacing(0);
-    page->addWidget(header_);
-    page->addLayout(body, 1);
-    page->addWidget(footer_);
+    layOutFormPage(this, header_, body, footer_);
 
     ApplyBrandFont(this);
     resize(1060, 600);

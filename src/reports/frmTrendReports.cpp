@@ -1,4 +1,5 @@
 #include "reports/frmTrendReports.h"
+#include "ui/FormFrame.h"
 
 #include "app/AppContext.h"
 #include "app/DialogService.h"
@@ -129,21 +130,9 @@ frmTrendReports::frmTrendReports(AppContext& ctx, QWidget* parent)
     cmdTRep_[0]->setStyleSheet(dark);
     cmdTRep_[1]->setStyleSheet(dark);
 
-    header_->setHeaderType(uctHeader::Type::Compact);
-    header_->setTitle(QStringLiteral("Vantrel"));
-    header_->setDetail(QStringLiteral("Trend reports"));
-    header_->Refresh();
-    footer_->setHintLabel(lblHelp_);
-    footer_->setExitButtonText(QStringLiteral("Back"));
-    footer_->setExitToolTipText(QStringLiteral("Return to main menu"));
-    // The form's own Help and Back buttons stand in the window; the strip's twins would repeat them.
-    footer_->setExitButtonVisible(false);
-    footer_->setHelpVisible(false);
-    connect(footer_, &uctFooter::ButtonClicked, this, [this](int value) {
-        if (value == uctFooter::ExitButton)
-            cmdExit_Click();
-    });
-    connect(footer_, &uctFooter::HelpClicked, this, &frmTrendReports::cmdHelp_Click);
+    setUpFormStrips(
+        header_, uctHeader::Type::Compact, QStringLiteral("Trend reports"), footer_, lblHelp_,
+        QStringLiteral("Return to main menu"), [this] { cmdExit_Click(); }, [this] { cmdHelp_Click(); });
 
     hints_ = new HoverHints(lblHelp_, this);
     for (int i = 0; i < TrendButtons; ++i)
@@ -207,12 +196,7 @@ frmTrendReports::frmTrendReports(AppContext& ctx, QWidget* parent)
     body->addStretch(1);
     body->addLayout(actions);
 
-    auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(0, 0, 0, 0);
-    page->setSpacing(0);
-    page->addWidget(header_);
-    page->addLayout(body, 1);
-    page->addWidget(footer_);
+    layOutFormPage(this, header_, body, footer_);
 
     fillLevels(cmbCCLevel_, true);
     fillLevels(cmbAccCCLevel_, false);

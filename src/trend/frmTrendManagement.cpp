@@ -1,4 +1,5 @@
 #include "trend/frmTrendManagement.h"
+#include "ui/FormFrame.h"
 
 #include "app/AppContext.h"
 #include "app/BrowseForFile.h"
@@ -84,21 +85,9 @@ frmTrendManagement::frmTrendManagement(AppContext& ctx, QWidget* parent)
     lblHelp_->setObjectName(QStringLiteral("lblHelp"));
     lstTrend_->setObjectName(QStringLiteral("lstTrend"));
 
-    header_->setHeaderType(uctHeader::Type::Compact);
-    header_->setTitle(QStringLiteral("Vantrel"));
-    header_->setDetail(QStringLiteral("Trend Management"));
-    header_->Refresh();
-    footer_->setHintLabel(lblHelp_);
-    footer_->setExitButtonText(QStringLiteral("Back"));
-    footer_->setExitToolTipText(QStringLiteral("Return to main menu"));
-    // The form's own Back and Help buttons stand beside the list; the strip's twins would repeat them.
-    footer_->setExitButtonVisible(false);
-    footer_->setHelpVisible(false);
-    connect(footer_, &uctFooter::ButtonClicked, this, [this](int value) {
-        if (value == uctFooter::ExitButton)
-            cmdExit_Click();
-    });
-    connect(footer_, &uctFooter::HelpClicked, this, &frmTrendManagement::cmdHelp_Click);
+    setUpFormStrips(
+        header_, uctHeader::Type::Compact, QStringLiteral("Trend Management"), footer_, lblHelp_,
+        QStringLiteral("Return to main menu"), [this] { cmdExit_Click(); }, [this] { cmdHelp_Click(); });
 
     // The list: a bill per line, its date and five totals.
     const QStringList headings = trendListHeadings();
@@ -188,12 +177,7 @@ void frmTrendManagement::layOut() {
     body->addLayout(projectRow);
     body->addLayout(listRow, 1);
 
-    auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(0, 0, 0, 0);
-    page->setSpacing(0);
-    page->addWidget(header_);
-    page->addLayout(body, 1);
-    page->addWidget(footer_);
+    layOutFormPage(this, header_, body, footer_);
     resize(980, 560);
 }
 

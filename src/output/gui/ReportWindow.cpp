@@ -1,4 +1,5 @@
 #include "output/gui/ReportWindow.h"
+#include "ui/FormFrame.h"
 
 #include "app/AppContext.h"
 #include "app/HelpTopics.h"
@@ -86,12 +87,7 @@ ReportWindow::ReportWindow(AppContext& ctx, ReportSession& session, QWidget* par
     body_->setSpacing(8);
     body_->addWidget(lblNote_);
 
-    auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(0, 0, 0, 0);
-    page->setSpacing(0);
-    page->addWidget(header_);
-    page->addLayout(body_, 1);
-    page->addWidget(footer_);
+    layOutFormPage(this, header_, body_, footer_);
 
     // Reports read best large: most of the screen, never less than a usable size.
     setMinimumSize(900, 640);
