@@ -54,6 +54,9 @@ public:
     ColourNumber CoreColour_Coral() const { return RGB(255, 90, 75); }
     ColourNumber CoreColour_Turquoise() const { return RGB(30, 200, 230); }
     ColourNumber GridTotalsColour() const { return RGB(180, 236, 248); }
+    // The deviation colours of the budget reports and their colour key.
+    ColourNumber OverBudgetColour() const { return CoreColour_Coral(); }
+    ColourNumber UnderBudgetColour() const { return RGB(0, 0, 255); }
 
     // The palette by index 0 to 29; any other index throws std::out_of_range.
     ColourNumber Colour(int index) const { return paletteEntry(index).number(); }

@@ -51,15 +51,15 @@ void fillFamilyTrend(Report& report, const std::vector<DateSums>& rows, const Pe
     int col = 1;
     for (const DateSums& row : rows) {
         Money total;
-        grid.setText(0, col, billDateText(row.date));
+        grid.setDate(0, col, row.date);
         for (int i = 0; i < FamilyCount; ++i) {
             const Money amount = requireAmount(row.sums.at(size_t(i)));
-            grid.setText(i + 1, col, formatPounds(amount));
+            grid.setMoney(i + 1, col, amount);
             total += amount;
             if (maxValue < amount)
                 maxValue = amount;
         }
-        grid.setText(TotalRow, col, formatPounds(total));
+        grid.setMoney(TotalRow, col, total);
         if (col > 1) {
             const PercentCell cell = percent(previous, total);
             grid.setBold(PercentRow, col);

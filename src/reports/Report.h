@@ -2,6 +2,8 @@
 // A built report, as the report forms show it and the outputs write it: a caption, a
 // note, one grid of formatted cells and zero or more charts. Builders fill it; nothing
 // here knows about widgets.
+#include "app/Date.h"
+#include "app/Money.h"
 #include "reports/ReportParams.h"
 
 #include <QColor>
@@ -10,12 +12,25 @@
 #include <QVariant>
 #include <optional>
 #include <stdexcept>
+#include <variant>
 #include <vector>
+
+// A ratio shown as a percent: 0.125 is shown as 12.5 %.
+struct Percent {
+    double ratio = 0.0;
+    bool operator==(const Percent&) const = default;
+};
+
+// What a cell holds beside its text: an exact amount, a percent, a date, or nothing but
+// the text. Sorting, workbooks and charts read the value; nothing parses a text back.
+using CellValue = std::variant<std::monostate, Money, Percent, Date>;
 
 struct ReportCell {
     QString text;
     bool bold = false;
     QColor foreColor; // invalid: the grid's own text colour
+    QColor backColor; // invalid: the grid's own background
+    CellValue value;
 };
 
 // What a column holds, as the sort and the outputs read it.
@@ -45,7 +60,18 @@ public:
     ReportCell& cell(int row, int col) { return cells_.at(size_t(row)).at(size_t(col)); }
     const ReportCell& cell(int row, int col) const { return cells_.at(size_t(row)).at(size_t(col)); }
     const QString& text(int row, int col) const { return cell(row, col).text; }
-    void setText(int row, int col, const QString& text) { cell(row, col).text = text; }
+    // Text alone: any value the cell held is dropped.
+    void setText(int row, int col, const QString& text) {
+        ReportCell& c = cell(row, col);
+        c.text = text;
+        c.value = std::monostate{};
+    }
+    // An amount, shown as "£###,##0.00".
+    void setMoney(int row, int col, Money amount);
+    // A ratio, shown by a percent format such as "0.00%" or "00.0%".
+    void setPercent(int row, int col, double ratio, const QString& format);
+    // A date, shown as dd/mm/yyyy.
+    void setDate(int row, int col, const Date& date);
     void setBold(int row, int col, bool bold = true) { cell(row, col).bold = bold; }
     void setForeColor(int row, int col, const QColor& colour) { cell(row, col).foreColor = colour; }
 

@@ -1,7 +1,7 @@
 #include "reports/ReportNavigation.h"
 
+#include "reports/ReportCatalogue.h"
 #include "reports/ReportFrame.h"
-#include "reports/TrendReports.h"
 
 #include <map>
 
@@ -15,31 +15,21 @@ std::map<int, ReportBuilderFn>& registeredBuilders() {
 } // namespace
 
 void setReportBuilder(int number, ReportBuilderFn builder) {
-    registeredBuilders()[number] = std::move(builder);
+    if (builder)
+        registeredBuilders()[number] = std::move(builder);
+    else
+        registeredBuilders().erase(number);
 }
 
 ReportResult RunReport(ReportContext& rc, const ReportParams& params) {
     const int number = reportNumberOf(params);
-    const auto whole = [&](int i) { return params.value(i).toInt(); };
-    const auto text = [&](int i) { return params.value(i).toString(); };
-    switch (number) {
-    case ReportNumber::TotalCharges:
-        return TrendReport_TotalCharges(rc, whole(1), text(2));
-    case ReportNumber::IndividualCharges:
-        return TrendReport_IndividualCharges(rc, whole(1), text(2), whole(3));
-    case ReportNumber::Service:
-        return TrendReport_Service(rc, whole(1), text(2));
-    case ReportNumber::ServiceLevel2:
-        return TrendReport_ServiceLevel2(rc, whole(1), text(2), text(3));
-    case ReportNumber::Top10CC:
-        return TrendReport_Top10CC(rc, whole(1), text(2), whole(3));
-    default:
-        break;
-    }
-    const auto found = registeredBuilders().find(number);
-    if (number < ReportNumber::First || number > ReportNumber::Last || found == registeredBuilders().end())
+    const auto replaced = registeredBuilders().find(number);
+    if (replaced != registeredBuilders().end())
+        return replaced->second(rc, params);
+    const ReportCatalogueEntry* entry = catalogueEntry(number);
+    if (!entry)
         return {ReportStatus::NotProduced, std::nullopt};
-    return found->second(rc, params);
+    return entry->build(rc, params);
 }
 
 ReportResult OpenReport(ReportContext& rc, ReportSession& session, const ReportParams& params) {

@@ -17,12 +17,12 @@ struct ReportSession {
 // A builder called with the parameters of a report (element 0 its number).
 using ReportBuilderFn = std::function<ReportResult(ReportContext&, const ReportParams&)>;
 
-// Lets the budget reports (6 to 10) join the dispatch; reports 1 to 5 are built in. An
-// empty function takes a builder out again.
+// Puts another builder in the place of a report's own (tests stand in their fakes so); an
+// empty function gives the report its own builder back.
 void setReportBuilder(int number, ReportBuilderFn builder);
 
 // Calls the builder that element 0 names with the rest, each converted back to a whole
-// number or text. A number without a builder gives ReportStatus::NotProduced.
+// number or text. A number outside 1 to 10 gives ReportStatus::NotProduced.
 ReportResult RunReport(ReportContext& rc, const ReportParams& params);
 
 // Runs a report and, when it is shown, makes it the session's current report.

@@ -161,10 +161,10 @@ ReportResult TrendReport_IndividualCharges(ReportContext& rc, int level, const Q
         Money previous;
         int col = 1;
         for (const DateSums& row : rows) {
-            grid.setText(0, col, billDateText(row.date));
+            grid.setDate(0, col, row.date);
             for (int i = 0; i < itemCount; ++i) {
                 const Money amount = row.sums[size_t(i)].value_or(Money());
-                grid.setText(i + 1, col, formatPounds(amount));
+                grid.setMoney(i + 1, col, amount);
                 if (maxValue < amount)
                     maxValue = amount;
             }

@@ -88,7 +88,7 @@ ReportResult TrendReport_Service(ReportContext& rc, int level, const QString& va
             grid.column(d + 1).widthTwips = DateColumnTwips;
             grid.column(d + 1).colData = int(ColumnKind::Value);
             for (int p = 0; p < products.size(); ++p)
-                grid.setText(p + 1, d + 1, QStringLiteral("£0.00"));
+                grid.setMoney(p + 1, d + 1, Money());
             columnOfDate.insert(shown, d + 1);
         }
         QHash<QString, int> rowOfProduct;
@@ -107,7 +107,10 @@ ReportResult TrendReport_Service(ReportContext& rc, int level, const QString& va
             const int row = rowOfProduct.value(r.product, -1);
             if (col < 0 || row < 0)
                 continue;
-            grid.setText(row, col, r.cost ? formatPounds(*r.cost) : QString());
+            if (r.cost)
+                grid.setMoney(row, col, *r.cost);
+            else
+                grid.setText(row, col, QString());
             if (r.cost)
                 totals[size_t(col - 1)] += *r.cost;
         }
@@ -125,7 +128,7 @@ ReportResult TrendReport_Service(ReportContext& rc, int level, const QString& va
         double pct = 0;
         for (int c = 1; c < grid.colCount(); ++c) {
             const Money present = totals[size_t(c - 1)];
-            grid.setText(totalRow, c, formatPounds(present));
+            grid.setMoney(totalRow, c, present);
             grid.setBold(totalRow, c);
             if (maxValue < present)
                 maxValue = present;
