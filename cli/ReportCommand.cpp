@@ -3,7 +3,10 @@
 #include "app/AppContext.h"
 #include "data/Project.h"
 #include "data/ReferenceData.h"
+#include "output/GridSort.h"
 #include "output/gui/ReportImage.h"
+#include "reports/BudgetReportChoices.h"
+#include "reports/ReportCatalogue.h"
 #include "reports/ReportCsv.h"
 #include "reports/ReportNavigation.h"
 #include "reports/ReportRequest.h"
@@ -28,7 +31,8 @@ int reportCommand(AppContext& ctx, const QStringList& args) {
         std::fprintf(
             stderr,
             "vantrel-cli report: %s\nusage: vantrel-cli report NUMBER --project PROJECT [--level L --value V "
-            "--view N --service S --chart-type T --budget ID] --format csv|png --out FILE\n",
+            "--view N --service S --chart-type T --budget ID|TITLE --sort COL[:desc]] --format csv|png "
+            "--out FILE\n",
             qPrintable(error));
         return 2;
     }
@@ -39,20 +43,42 @@ int reportCommand(AppContext& ctx, const QStringList& args) {
     // Charts are drawn with the desktop program's widgets.
     if (png && !qobject_cast<QApplication*>(QCoreApplication::instance()))
         return fail(QStringLiteral("png output needs the graphical libraries, which did not start"));
-    const ReportParams params = reportParamsOf(*request, &error);
-    if (params.isEmpty())
-        return fail(error);
-
+    const ReportCatalogueEntry* entry = catalogueEntry(request->number);
+    if (request->sortColumn && !entry->sortable)
+        return fail(QStringLiteral("report %1 has no heading sort").arg(request->number));
     if (!OpenProjectDatabase(ctx, &ctx.projectDb, request->project, {}, &error))
         return fail(QStringLiteral("cannot open %1: %2").arg(request->project, error));
     ctx.projectPath = request->project;
     if (!LoadProjectDetails(ctx))
         return fail(QStringLiteral("The selected project file is not valid for use with this application"));
 
+    int budgetId = -1;
+    if (entry->budgetReport && !request->budget.isEmpty()) {
+        const std::optional<int> found =
+            findBudgetChoice(budgetReportChoices(ctx.budgetDb, ctx.billAccount), request->budget);
+        if (!found)
+            return fail(
+                QStringLiteral("no budget '%1' of account %2 has budget reports (see vantrel-cli budgets)")
+                    .arg(request->budget, ctx.billAccount));
+        budgetId = *found;
+    }
+    const ReportParams params = reportParamsOf(*request, &error, budgetId);
+    if (params.isEmpty())
+        return fail(error);
+
     ReportContext rc(ctx);
-    const ReportResult result = RunReport(rc, params);
+    ReportResult result = RunReport(rc, params);
     if (!result.shown())
-        return fail(reportStatusText(result.status));
+        return fail(reportStatusText(result.status, entry->budgetReport));
+    if (request->sortColumn) {
+        ReportGrid& grid = result.report->grid;
+        if (*request->sortColumn >= grid.colCount())
+            return fail(QStringLiteral("--sort: the report has columns 0 to %1").arg(grid.colCount() - 1));
+        GridSortState state;
+        SortByHeading(grid, state, *request->sortColumn, ctx.colours);
+        if (request->sortDescending)
+            SortByHeading(grid, state, *request->sortColumn, ctx.colours);
+    }
     if (png && ctx.paths)
         LoadBrandFont(ctx.paths->AppFolder); // the images speak the program's type, as its windows do
     const bool written = png ? writeReportPng(*result.report, ctx.colours, request->out, &error)

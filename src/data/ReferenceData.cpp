@@ -170,7 +170,9 @@ QStringList GetServiceNumbersByCostCentre(AppContext& ctx, const QString& accoun
     // The column name comes from the fixed list above, never from the caller's text.
     return serviceNumbers(
         ctx,
-        QStringLiteral("SELECT TelNo FROM TblCC WHERE VeloraAccount = ? AND ifnull(%1, '') = ?").arg(column),
+        QStringLiteral(
+            "SELECT TelNo FROM TblCC WHERE VeloraAccount = ? AND ifnull(%1, '') = ? COLLATE NOCASE")
+            .arg(column),
         account, name);
 }
 
@@ -181,7 +183,7 @@ QStringList GetServiceNumbersByCostCentres(AppContext& ctx, const QString& accou
         return {};
     return serviceNumbers(ctx,
                           QStringLiteral("SELECT TelNo FROM TblCC WHERE VeloraAccount = ? AND "
-                                         "ifnull(%1, '') IN (SELECT value FROM json_each(?))")
+                                         "ifnull(%1, '') COLLATE NOCASE IN (SELECT value FROM json_each(?))")
                               .arg(column),
                           account, jsonList(names));
 }

@@ -53,7 +53,7 @@ QString reportToCsv(const Report& report) {
     }
     for (const ReportChart& chart : report.charts) {
         out += LineEnd;
-        out += csvLine(QStringList{QString()} + chart.seriesLabels());
+        out += csvLine(QStringList{chart.title} + chart.seriesLabels());
         for (int p = 0; p < chart.pointCount(); ++p) {
             QStringList fields{chart.pointLabel(p)};
             for (int s = 0; s < chart.seriesCount(); ++s) {

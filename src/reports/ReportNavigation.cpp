@@ -1,5 +1,6 @@
 #include "reports/ReportNavigation.h"
 
+#include "reports/BudgetReports.h"
 #include "reports/ReportCatalogue.h"
 #include "reports/ReportFrame.h"
 
@@ -71,21 +72,28 @@ bool CanShowPreviousReport(const ReportSession& session) {
 std::optional<ReportResult> DrillDown(ReportContext& rc, ReportSession& session, const Report& shown,
                                       int row) {
     const int number = session.currentReportNumber;
-    if (number != ReportNumber::TotalCharges && number != ReportNumber::Service)
+    const ReportCatalogueEntry* entry = catalogueEntry(number);
+    if (!entry || !entry->rowDrillDown)
         return std::nullopt;
-    // The limit is taken from the grid as it is now: the last two rows are totals.
-    if (row < 1 || row >= shown.grid.rowCount() - 2)
-        return std::nullopt;
-    const int level = session.currentReportParams.value(1).toInt();
-    const QString value = session.currentReportParams.value(2).toString();
-    const QString label = shown.grid.text(row, 0);
-
-    PushCurrentReport(session);
     ReportParams next;
-    if (number == ReportNumber::TotalCharges)
-        next = individualChargesParams(level, value, GetChargeView(label));
-    else
-        next = serviceLevel2Params(level, value, label.left(label.size() - 4)); // less " (£)"
+    if (number == ReportNumber::FinancialReport) {
+        // Rows 0 and 1 are headings; a line names its budget.
+        if (row < 2 || row >= shown.grid.rowCount())
+            return std::nullopt;
+        next = accumulativeDeviationParams(shown.grid.row(row).rowData.toInt(), BudgetView::Total);
+    } else {
+        // The limit is taken from the grid as it is now: the last two rows are totals.
+        if (row < 1 || row >= shown.grid.rowCount() - 2)
+            return std::nullopt;
+        const int level = session.currentReportParams.value(1).toInt();
+        const QString value = session.currentReportParams.value(2).toString();
+        const QString label = shown.grid.text(row, 0);
+        if (number == ReportNumber::TotalCharges)
+            next = individualChargesParams(level, value, GetChargeView(label));
+        else
+            next = serviceLevel2Params(level, value, label.left(label.size() - 4)); // less " (£)"
+    }
+    PushCurrentReport(session);
     ReportResult result = OpenReport(rc, session, next);
     if (!result.shown())
         session.reportStack.Pop();

@@ -41,9 +41,10 @@ void LeaveReports(ReportSession& session);
 bool CanShowPreviousReport(const ReportSession& session);
 
 // A click on grid row `row` of the report on show. Reports 1 and 3 open the next level for
-// rows 1 up to but not including the two total rows; anything else does nothing
-// (nullopt). When the next level fails, the stack is as it was before the click and the
-// form says "Error creating report".
+// rows 1 up to but not including the two total rows; report 10 opens the accumulative
+// deviation (total view) of the budget in the row data of a line below its two heading
+// rows; anything else does nothing (nullopt). When the next level fails, the stack is as
+// it was before the click and the form says so.
 std::optional<ReportResult> DrillDown(ReportContext& rc, ReportSession& session, const Report& shown,
                                       int row);
 

@@ -39,16 +39,24 @@ std::optional<ReportRequest> parseReportRequest(const QStringList& args, QString
             request.level = level;
         } else if (arg == QLatin1String("--value"))
             request.value = value;
-        else if (arg == QLatin1String("--view"))
-            ok = readWhole(value, &request.view);
-        else if (arg == QLatin1String("--service"))
+        else if (arg == QLatin1String("--view")) {
+            int view = 0;
+            ok = readWhole(value, &view);
+            request.view = view;
+        } else if (arg == QLatin1String("--service"))
             request.service = value;
         else if (arg == QLatin1String("--chart-type"))
             ok = readWhole(value, &request.chartType);
-        else if (arg == QLatin1String("--budget")) {
-            int id = 0;
-            ok = readWhole(value, &id);
-            request.budget = id;
+        else if (arg == QLatin1String("--budget"))
+            request.budget = value;
+        else if (arg == QLatin1String("--sort")) {
+            const QStringList parts = value.split(QLatin1Char(':'));
+            int column = 0;
+            ok = readWhole(parts.first(), &column) && column >= 0 &&
+                 (parts.size() == 1 ||
+                  (parts.size() == 2 && parts[1].compare(QLatin1String("desc"), Qt::CaseInsensitive) == 0));
+            request.sortColumn = column;
+            request.sortDescending = parts.size() == 2;
         } else if (arg == QLatin1String("--format"))
             request.format = value.toLower();
         else if (arg == QLatin1String("--out"))
@@ -58,7 +66,9 @@ std::optional<ReportRequest> parseReportRequest(const QStringList& args, QString
             return std::nullopt;
         }
         if (!ok) {
-            *error = QStringLiteral("%1 needs a whole number, not '%2'").arg(arg, value);
+            *error = arg == QLatin1String("--sort")
+                         ? QStringLiteral("--sort needs COLUMN or COLUMN:desc, not '%1'").arg(value)
+                         : QStringLiteral("%1 needs a whole number, not '%2'").arg(arg, value);
             return std::nullopt;
         }
     }
@@ -77,7 +87,7 @@ std::optional<ReportRequest> parseReportRequest(const QStringList& args, QString
     return request;
 }
 
-ReportParams reportParamsOf(const ReportRequest& request, QString* error) {
+ReportParams reportParamsOf(const ReportRequest& request, QString* error, int budgetId) {
     const int number = request.number;
     const int level = request.level.value_or(number == ReportNumber::Top10CC ? 1 : FilterLevel::WholeBill);
     if (number >= ReportNumber::TotalCharges && number <= ReportNumber::ServiceLevel2 &&
@@ -89,7 +99,7 @@ ReportParams reportParamsOf(const ReportRequest& request, QString* error) {
     case ReportNumber::TotalCharges:
         return totalChargesParams(level, request.value);
     case ReportNumber::IndividualCharges:
-        return individualChargesParams(level, request.value, request.view);
+        return individualChargesParams(level, request.value, request.view.value_or(ChargeView::Usage));
     case ReportNumber::Service:
         return serviceParams(level, request.value);
     case ReportNumber::ServiceLevel2:
@@ -103,16 +113,24 @@ ReportParams reportParamsOf(const ReportRequest& request, QString* error) {
     default:
         break;
     }
-    if (!request.budget) {
+    if (request.budget.isEmpty()) {
         *error = QStringLiteral("report %1 needs --budget").arg(number);
         return {};
     }
     if (number == ReportNumber::BudgetTop10CC || number == ReportNumber::FinancialReport)
-        return {number, *request.budget};
-    return {number, *request.budget, request.view};
+        return {number, budgetId};
+    // The budget reports open on the total view unless a family is asked for.
+    return {number, budgetId, request.view.value_or(5)};
 }
 
-QString reportStatusText(int status) {
+QString reportStatusText(int status, bool budgetReport) {
+    if (budgetReport && status != ReportStatus::Shown) {
+        if (status == ReportStatus::NoData)
+            return QStringLiteral("No records found, unable to display report.");
+        if (status == ReportStatus::NoCostCentreLevel)
+            return QStringLiteral("Whole bill budgets are not compatible with this report.");
+        return QStringLiteral("Error creating the report.");
+    }
     switch (status) {
     case ReportStatus::Shown:
         return QString();

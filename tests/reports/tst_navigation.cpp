@@ -49,7 +49,6 @@ void NavigationTest::runReportDispatchesByNumber_data() {
     QTest::newRow("3") << serviceParams(6, "0200") << 1 << "Service Type Trend for 0200";
     QTest::newRow("4") << serviceLevel2Params(0, "", "P2 (x)") << 1 << "P2 (x) Service Trend for Whole Bill";
     QTest::newRow("5") << top10Params(1, "", 2) << 1 << "Top 10 Cost Centres by Recurring Charges";
-    QTest::newRow("budget report without builder") << ReportParams{6, 1, 5} << 0 << QString();
     QTest::newRow("0") << ReportParams{0} << 0 << QString();
     QTest::newRow("11") << ReportParams{11, 1} << 0 << QString();
     QTest::newRow("empty") << ReportParams{} << 0 << QString();

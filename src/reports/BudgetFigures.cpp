@@ -1,0 +1,243 @@
+#include "reports/BudgetFigures.h"
+
+#include "app/AppContext.h"
+#include "data/ReferenceData.h"
+
+#include <QHash>
+#include <algorithm>
+
+namespace {
+
+// Cost-centre names match without regard to case, as the stores compare them.
+QString nameKey(const QString& name) {
+    return name.toCaseFolded();
+}
+
+QString jsonDates(const std::vector<Date>& dates) {
+    QStringList iso;
+    for (const Date& d : dates)
+        if (d.isValid())
+            iso << d.toIso();
+    return jsonList(iso);
+}
+
+// The indexes of the master's entries that each date stands for.
+QHash<QString, std::vector<int>> entriesOfDate(const std::vector<Date>& dates) {
+    QHash<QString, std::vector<int>> out;
+    for (int i = 0; i < int(dates.size()); ++i)
+        if (dates[size_t(i)].isValid())
+            out[dates[size_t(i)].toIso()].push_back(i);
+    return out;
+}
+
+FamilyAmounts readFamilies(const Statement& st, int first) {
+    FamilyAmounts a;
+    for (int f = 0; f < 4; ++f)
+        a.family[size_t(f)] =
+            requireAmount(st.isNull(first + f) ? std::nullopt : std::optional<Money>(st.money(first + f)));
+    return a;
+}
+
+} // namespace
+
+std::unique_ptr<clsBudget> loadBudget(AppContext& ctx, int budgetId) {
+    auto budget = std::make_unique<clsBudget>(ctx.budgetDb, ctx.trendDb);
+    budget->LoadBudget(budgetId);
+    return budget;
+}
+
+std::unique_ptr<clsBudget> loadMaster(AppContext& ctx, int budgetId) {
+    std::unique_ptr<clsBudget> budget = loadBudget(ctx, budgetId);
+    if (!budget->IsMaster())
+        budget = loadBudget(ctx, budget->MasterID());
+    return budget;
+}
+
+BudgetScope budgetScope(AppContext& ctx, const clsBudget& budget) {
+    BudgetScope scope{QStringLiteral("Whole Bill"), {}};
+    // Reference data counts the cost-centre levels from 0.
+    const int level = budget.CCLevel() - 1;
+    const QStringList children = budget.GetChildCCs();
+    if (!children.isEmpty()) {
+        scope.filter.active = true;
+        scope.filter.numbersJson =
+            jsonList(GetServiceNumbersByCostCentres(ctx, ctx.billAccount, level, children));
+    } else if (budget.CCLevel() != 0) {
+        scope.name = budget.CostCentre().isEmpty() ? ReportText::NoCostCentreSelected : budget.CostCentre();
+        scope.filter.active = true;
+        scope.filter.numbersJson =
+            jsonList(GetServiceNumbersByCostCentre(ctx, ctx.billAccount, level, budget.CostCentre()));
+    }
+    return scope;
+}
+
+std::vector<std::optional<FamilyAmounts>> liveSumsByEntryDate(AppContext& ctx, const clsBudget& budget,
+                                                              const BudgetScope& scope) {
+    std::vector<Date> dates;
+    for (int i = 1; i <= budget.EntryCount(); ++i)
+        dates.push_back(budget.Entry(i).SelectedDate);
+    std::vector<std::optional<FamilyAmounts>> out(dates.size());
+    BoundQuery query{
+        QStringLiteral("SELECT BillDate, SUM(\"Usage Charges\"), SUM(\"Recurring Charges\"), "
+                       "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") FROM TblSummaryTrend "
+                       "WHERE BillAccount = ?") +
+            scope.filter.condition() +
+            QStringLiteral(" AND BillDate IN (SELECT value FROM json_each(?)) GROUP BY ") +
+            scope.filter.dateGroup(),
+        {}};
+    query.arg(ctx.billAccount);
+    scope.filter.bindTo(query);
+    query.arg(jsonDates(dates));
+    const QHash<QString, std::vector<int>> entries = entriesOfDate(dates);
+    Statement st = prepareBound(ctx.trendDb, query);
+    while (st.step()) {
+        const FamilyAmounts sums = readFamilies(st, 1);
+        for (int i : entries.value(st.date(0).toIso()))
+            out[size_t(i)] = sums;
+    }
+    return out;
+}
+
+std::optional<std::vector<CentreFigures>> centreFigures(AppContext& ctx, const clsBudget& master,
+                                                        const CentreOptions& options,
+                                                        const ProgressFn& progress) {
+    const int entryCount = master.EntryCount();
+    std::vector<CentreFigures> centres;
+    {
+        Statement st(ctx.budgetDb,
+                     QStringLiteral("SELECT BudgetID, ifnull(CCName, '') FROM tblBudget WHERE MasterID = ? "
+                                    "ORDER BY ") +
+                         (options.byName ? QStringLiteral("CCName COLLATE NOCASE, BudgetID")
+                                         : QStringLiteral("BudgetID")));
+        st.bind(1, master.ID());
+        while (st.step())
+            centres.push_back({st.integer(0), st.text(1),
+                               std::vector<std::optional<FamilyAmounts>>(entryCount),
+                               std::vector<std::optional<FamilyAmounts>>(entryCount),
+                               std::vector<std::optional<Money>>(entryCount)});
+    }
+    if (centres.empty() || !reportProgress(progress, 0, 3))
+        return centres.empty() ? std::optional(centres) : std::nullopt;
+
+    // Budget amounts: the children's entries at the master's dates, in one grouped query.
+    std::vector<Date> selectedDates;
+    std::vector<Date> billDates;
+    for (int i = 1; i <= entryCount; ++i) {
+        selectedDates.push_back(master.Entry(i).SelectedDate);
+        billDates.push_back(master.Entry(i).BillDate);
+    }
+    QHash<int, int> indexOfBudget;
+    QHash<QString, std::vector<int>> centresOfName;
+    for (int c = 0; c < int(centres.size()); ++c) {
+        indexOfBudget.insert(centres[size_t(c)].budgetId, c);
+        centresOfName[nameKey(centres[size_t(c)].costCentre)].push_back(c);
+    }
+    {
+        const QHash<QString, std::vector<int>> entries = entriesOfDate(selectedDates);
+        Statement st(ctx.budgetDb,
+                     QStringLiteral("SELECT BudgetID, substr(SelectedDate, 1, 10) AS Day, SUM(Usage), "
+                                    "SUM(Recurring), SUM(OneOff), SUM(Adjustments) FROM tblBudgetEntry "
+                                    "WHERE BudgetID IN (SELECT BudgetID FROM tblBudget WHERE MasterID = ?) "
+                                    "GROUP BY BudgetID, Day"));
+        st.bind(1, master.ID());
+        while (st.step()) {
+            const auto found = indexOfBudget.constFind(st.integer(0));
+            const auto dates = entries.constFind(st.text(1));
+            if (found == indexOfBudget.constEnd() || dates == entries.constEnd())
+                continue;
+            const FamilyAmounts amounts = readFamilies(st, 2);
+            // With shareByName every budget of one centre name adds to every line of that name.
+            const std::vector<int> owners =
+                options.shareByName ? centresOfName.value(nameKey(centres[size_t(*found)].costCentre))
+                                    : std::vector<int>{*found};
+            for (int i : *dates) {
+                for (int c : owners) {
+                    std::optional<FamilyAmounts>& slot = centres[size_t(c)].budget[size_t(i)];
+                    if (!slot)
+                        slot = FamilyAmounts{};
+                    for (int f = 0; f < 4; ++f)
+                        slot->family[size_t(f)] += amounts.family[size_t(f)];
+                }
+            }
+        }
+    }
+    if (!reportProgress(progress, 1, 3))
+        return std::nullopt;
+
+    // Which centres each number of the account belongs to, at the master's level.
+    QHash<QByteArray, std::vector<int>> centresOfNumber;
+    {
+        const int level = master.CCLevel();
+        if (level < 1 || level > 5)
+            throw ReportFailure(3265, QStringLiteral("There is no cost-centre level %1").arg(level));
+        // The column name comes from the check above, never from the caller's text.
+        Statement st(ctx.projectDb, QStringLiteral("SELECT TelNo, ifnull(CostCentre%1, '') FROM TblCC "
+                                                   "WHERE VeloraAccount = ?")
+                                        .arg(level));
+        st.bind(1, ctx.billAccount);
+        QHash<QString, std::vector<int>> lookupNames;
+        for (int c = 0; c < int(centres.size()); ++c) {
+            const QString& name = centres[size_t(c)].costCentre;
+            lookupNames[nameKey(name.isEmpty() ? options.emptyName : name)].push_back(c);
+        }
+        while (st.step()) {
+            const auto owners = lookupNames.constFind(nameKey(st.text(1)));
+            if (owners == lookupNames.constEnd())
+                continue;
+            // A number listed twice under one centre counts once, as a list of numbers does.
+            std::vector<int>& of = centresOfNumber[st.rawBytes(0).toByteArray()];
+            for (int c : *owners)
+                if (std::find(of.begin(), of.end(), c) == of.end())
+                    of.push_back(c);
+        }
+    }
+    if (!reportProgress(progress, 2, 3))
+        return std::nullopt;
+
+    // Live amounts: the rows of the master's bill dates, summed per centre in memory.
+    {
+        const QHash<QString, std::vector<int>> entries = entriesOfDate(billDates);
+        Statement st(
+            ctx.trendDb,
+            QStringLiteral("SELECT \"Service No\", BillDate, \"Usage Charges\", \"Recurring Charges\", "
+                           "\"One Off Charges and Credits\", \"Adjustments\", \"PreTax Cost\" "
+                           "FROM TblSummaryTrend WHERE BillAccount = ? AND BillDate IN "
+                           "(SELECT value FROM json_each(?))"));
+        st.bindAll(ctx.billAccount, jsonDates(billDates));
+        QString lastDate;
+        const std::vector<int>* dateEntries = nullptr;
+        while (st.step()) {
+            const auto owners = centresOfNumber.constFind(st.rawBytes(0).toByteArray());
+            if (owners == centresOfNumber.constEnd())
+                continue;
+            const QString date = st.text(1).left(10);
+            if (date != lastDate || !dateEntries) {
+                lastDate = date;
+                const auto found = entries.constFind(date);
+                dateEntries = found == entries.constEnd() ? nullptr : &*found;
+            }
+            if (!dateEntries)
+                continue;
+            FamilyAmounts row;
+            for (int f = 0; f < 4; ++f)
+                row.family[size_t(f)] = st.isNull(2 + f) ? Money() : st.money(2 + f);
+            const std::optional<Money> preTax = st.isNull(6) ? std::nullopt : std::optional(st.money(6));
+            for (int c : *owners) {
+                CentreFigures& centre = centres[size_t(c)];
+                for (int i : *dateEntries) {
+                    std::optional<FamilyAmounts>& live = centre.live[size_t(i)];
+                    if (!live)
+                        live = FamilyAmounts{};
+                    for (int f = 0; f < 4; ++f)
+                        live->family[size_t(f)] += row.family[size_t(f)];
+                    if (preTax)
+                        centre.livePreTax[size_t(i)] =
+                            centre.livePreTax[size_t(i)].value_or(Money()) + *preTax;
+                }
+            }
+        }
+    }
+    if (!reportProgress(progress, 3, 3))
+        return std::nullopt;
+    return centres;
+}
