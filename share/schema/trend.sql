@@ -85,7 +85,8 @@ CREATE TABLE TblSummaryTrend (
     "Usage Other" CURRENCY,
     "One Off Other" CURRENCY
 );
--- The bill's totals by cost type are read straight from this index.
-CREATE INDEX idxTrendAccountDateTotals ON TblSummaryTrend (BillAccount, BillDate, "Usage Charges",
-    "Recurring Charges", "One Off Charges and Credits", "Adjustments");
+-- The bill's totals by cost type, and the figures of each number that the cost-centre
+-- reports sum, are read straight from this index.
+CREATE INDEX idxTrendAccountDateFigures ON TblSummaryTrend (BillAccount, BillDate, "Usage Charges",
+    "Recurring Charges", "One Off Charges and Credits", "Adjustments", "Service No", "PreTax Cost");
 CREATE INDEX idxTrendAccountService ON TblSummaryTrend (BillAccount, "Service No");

@@ -128,16 +128,17 @@ void UpgradeStores(Database& budgetDb, Database& trendDb) {
 }
 
 void addTrendIndexes(Database& trendDb) {
-    // Stores made before the totals index get it once; the narrower index it replaces goes.
+    // Stores made before the figures index get it once; the narrower indexes it replaces go.
     if (queryInt(trendDb, QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'index' AND "
-                                         "name = 'idxTrendAccountDateTotals'")) > 0)
+                                         "name = 'idxTrendAccountDateFigures'")) > 0)
         return;
     Transaction tx(trendDb);
     trendDb.execScript(
         QStringLiteral("DROP INDEX IF EXISTS idxTrendAccountDate;"
-                       "CREATE INDEX idxTrendAccountDateTotals ON TblSummaryTrend (BillAccount, BillDate, "
-                       "\"Usage Charges\", "
-                       "\"Recurring Charges\", \"One Off Charges and Credits\", \"Adjustments\");"
+                       "DROP INDEX IF EXISTS idxTrendAccountDateTotals;"
+                       "CREATE INDEX idxTrendAccountDateFigures ON TblSummaryTrend (BillAccount, BillDate, "
+                       "\"Usage Charges\", \"Recurring Charges\", \"One Off Charges and Credits\", "
+                       "\"Adjustments\", \"Service No\", \"PreTax Cost\");"
                        "CREATE INDEX IF NOT EXISTS idxTrendAccountService ON TblSummaryTrend (BillAccount, "
                        "\"Service No\");"));
     tx.commit();

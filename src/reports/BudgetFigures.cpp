@@ -5,8 +5,69 @@
 
 #include <QHash>
 #include <algorithm>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace {
+
+// Above this many numbers a scope is summed in one pass over the bills' rows; below it the
+// rows of its numbers are looked up by number.
+constexpr int ScanFromNumbers = 1000;
+
+// Hash containers of texts that a row's raw bytes look up without a copy.
+struct TextHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+};
+template <typename T> using ByText = std::unordered_map<std::string, T, TextHash, std::equal_to<>>;
+using TextSet = std::unordered_set<std::string, TextHash, std::equal_to<>>;
+
+std::string_view viewOf(QByteArrayView bytes) {
+    return {bytes.data(), size_t(bytes.size())};
+}
+
+// The master's entries that stand for one bill date, looked up by the date's raw text.
+class DateEntries {
+public:
+    explicit DateEntries(const std::vector<Date>& dates) {
+        for (int i = 0; i < int(dates.size()); ++i) {
+            if (!dates[size_t(i)].isValid())
+                continue;
+            const std::string iso = dates[size_t(i)].toIso().toStdString();
+            auto found =
+                std::find_if(byDate_.begin(), byDate_.end(), [&](const auto& d) { return d.first == iso; });
+            if (found == byDate_.end())
+                byDate_.push_back({iso, {i}});
+            else
+                found->second.push_back(i);
+        }
+    }
+    // A stored date may carry a time after its day.
+    const std::vector<int>* find(std::string_view stored) const {
+        const std::string_view day = stored.substr(0, 10);
+        for (const auto& d : byDate_)
+            if (d.first == day)
+                return &d.second;
+        return nullptr;
+    }
+
+private:
+    std::vector<std::pair<std::string, std::vector<int>>> byDate_;
+};
+
+// The trend rows of the account on the given dates, as the figures index holds them:
+// number, date, the four families and the pre-tax cost.
+Statement rowsOfDates(AppContext& ctx, const QString& datesJson) {
+    Statement st(ctx.trendDb,
+                 QStringLiteral("SELECT \"Service No\", BillDate, \"Usage Charges\", \"Recurring Charges\", "
+                                "\"One Off Charges and Credits\", \"Adjustments\", \"PreTax Cost\" "
+                                "FROM TblSummaryTrend "
+                                "WHERE BillAccount = ? AND BillDate IN (SELECT value FROM json_each(?))"));
+    st.bindAll(ctx.billAccount, datesJson);
+    return st;
+}
 
 // Cost-centre names match without regard to case, as the stores compare them.
 QString nameKey(const QString& name) {
@@ -54,19 +115,19 @@ std::unique_ptr<clsBudget> loadMaster(AppContext& ctx, int budgetId) {
 }
 
 BudgetScope budgetScope(AppContext& ctx, const clsBudget& budget) {
-    BudgetScope scope{QStringLiteral("Whole Bill"), {}};
+    BudgetScope scope{QStringLiteral("Whole Bill"), {}, {}};
     // Reference data counts the cost-centre levels from 0.
     const int level = budget.CCLevel() - 1;
     const QStringList children = budget.GetChildCCs();
     if (!children.isEmpty()) {
         scope.filter.active = true;
-        scope.filter.numbersJson =
-            jsonList(GetServiceNumbersByCostCentres(ctx, ctx.billAccount, level, children));
+        scope.numbers = GetServiceNumbersByCostCentres(ctx, ctx.billAccount, level, children);
+        scope.filter.numbersJson = jsonList(scope.numbers);
     } else if (budget.CCLevel() != 0) {
         scope.name = budget.CostCentre().isEmpty() ? ReportText::NoCostCentreSelected : budget.CostCentre();
         scope.filter.active = true;
-        scope.filter.numbersJson =
-            jsonList(GetServiceNumbersByCostCentre(ctx, ctx.billAccount, level, budget.CostCentre()));
+        scope.numbers = GetServiceNumbersByCostCentre(ctx, ctx.billAccount, level, budget.CostCentre());
+        scope.filter.numbersJson = jsonList(scope.numbers);
     }
     return scope;
 }
@@ -77,6 +138,39 @@ std::vector<std::optional<FamilyAmounts>> liveSumsByEntryDate(AppContext& ctx, c
     for (int i = 1; i <= budget.EntryCount(); ++i)
         dates.push_back(budget.Entry(i).SelectedDate);
     std::vector<std::optional<FamilyAmounts>> out(dates.size());
+    if (scope.filter.active && scope.numbers.size() > ScanFromNumbers) {
+        TextSet numbers;
+        for (const QString& n : scope.numbers)
+            numbers.insert(n.toStdString());
+        const DateEntries entries(dates);
+        // A sum over no value at all stays null, as the grouped query gives it.
+        std::vector<std::array<std::optional<Money>, 4>> sums(dates.size());
+        std::vector<bool> found(dates.size());
+        Statement st = rowsOfDates(ctx, jsonDates(dates));
+        while (st.step()) {
+            if (!numbers.count(viewOf(st.rawBytes(0))))
+                continue;
+            const std::vector<int>* of = entries.find(viewOf(st.rawBytes(1)));
+            if (!of)
+                continue;
+            for (int i : *of) {
+                found[size_t(i)] = true;
+                for (int f = 0; f < 4; ++f)
+                    if (!st.isNull(2 + f))
+                        sums[size_t(i)][size_t(f)] =
+                            sums[size_t(i)][size_t(f)].value_or(Money()) + st.money(2 + f);
+            }
+        }
+        for (size_t i = 0; i < dates.size(); ++i) {
+            if (!found[i])
+                continue;
+            FamilyAmounts a;
+            for (int f = 0; f < 4; ++f)
+                a.family[size_t(f)] = requireAmount(sums[i][size_t(f)]);
+            out[i] = a;
+        }
+        return out;
+    }
     BoundQuery query{
         QStringLiteral("SELECT BillDate, SUM(\"Usage Charges\"), SUM(\"Recurring Charges\"), "
                        "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") FROM TblSummaryTrend "
@@ -165,7 +259,7 @@ std::optional<std::vector<CentreFigures>> centreFigures(AppContext& ctx, const c
         return std::nullopt;
 
     // Which centres each number of the account belongs to, at the master's level.
-    QHash<QByteArray, std::vector<int>> centresOfNumber;
+    ByText<std::vector<int>> centresOfNumber;
     {
         const int level = master.CCLevel();
         if (level < 1 || level > 5)
@@ -185,7 +279,7 @@ std::optional<std::vector<CentreFigures>> centreFigures(AppContext& ctx, const c
             if (owners == lookupNames.constEnd())
                 continue;
             // A number listed twice under one centre counts once, as a list of numbers does.
-            std::vector<int>& of = centresOfNumber[st.rawBytes(0).toByteArray()];
+            std::vector<int>& of = centresOfNumber[std::string(viewOf(st.rawBytes(0)))];
             for (int c : *owners)
                 if (std::find(of.begin(), of.end(), c) == of.end())
                     of.push_back(c);
@@ -196,33 +290,20 @@ std::optional<std::vector<CentreFigures>> centreFigures(AppContext& ctx, const c
 
     // Live amounts: the rows of the master's bill dates, summed per centre in memory.
     {
-        const QHash<QString, std::vector<int>> entries = entriesOfDate(billDates);
-        Statement st(
-            ctx.trendDb,
-            QStringLiteral("SELECT \"Service No\", BillDate, \"Usage Charges\", \"Recurring Charges\", "
-                           "\"One Off Charges and Credits\", \"Adjustments\", \"PreTax Cost\" "
-                           "FROM TblSummaryTrend WHERE BillAccount = ? AND BillDate IN "
-                           "(SELECT value FROM json_each(?))"));
-        st.bindAll(ctx.billAccount, jsonDates(billDates));
-        QString lastDate;
-        const std::vector<int>* dateEntries = nullptr;
+        const DateEntries entries(billDates);
+        Statement st = rowsOfDates(ctx, jsonDates(billDates));
         while (st.step()) {
-            const auto owners = centresOfNumber.constFind(st.rawBytes(0).toByteArray());
-            if (owners == centresOfNumber.constEnd())
+            const auto owners = centresOfNumber.find(viewOf(st.rawBytes(0)));
+            if (owners == centresOfNumber.end())
                 continue;
-            const QString date = st.text(1).left(10);
-            if (date != lastDate || !dateEntries) {
-                lastDate = date;
-                const auto found = entries.constFind(date);
-                dateEntries = found == entries.constEnd() ? nullptr : &*found;
-            }
+            const std::vector<int>* dateEntries = entries.find(viewOf(st.rawBytes(1)));
             if (!dateEntries)
                 continue;
             FamilyAmounts row;
             for (int f = 0; f < 4; ++f)
                 row.family[size_t(f)] = st.isNull(2 + f) ? Money() : st.money(2 + f);
             const std::optional<Money> preTax = st.isNull(6) ? std::nullopt : std::optional(st.money(6));
-            for (int c : *owners) {
+            for (int c : owners->second) {
                 CentreFigures& centre = centres[size_t(c)];
                 for (int i : *dateEntries) {
                     std::optional<FamilyAmounts>& live = centre.live[size_t(i)];

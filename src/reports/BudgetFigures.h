@@ -32,6 +32,7 @@ std::unique_ptr<clsBudget> loadMaster(AppContext& ctx, int budgetId);
 struct BudgetScope {
     QString name;
     ServiceFilter filter;
+    QStringList numbers; // with an active filter
 };
 BudgetScope budgetScope(AppContext& ctx, const clsBudget& budget);
 

@@ -178,7 +178,7 @@ void StoreUpgradeTest::olderTrendStoreGetsTheTotalsIndex() {
     Database trend = Database::openMemory();
     CreateTrendTable(trend);
     trend.execScript(
-        QStringLiteral("DROP INDEX idxTrendAccountDateTotals; DROP INDEX idxTrendAccountService;"
+        QStringLiteral("DROP INDEX idxTrendAccountDateFigures; DROP INDEX idxTrendAccountService;"
                        "CREATE INDEX idxTrendAccountDate ON TblSummaryTrend (BillAccount, BillDate)"));
     UpgradeStores(budgets, trend);
     const auto indexes = [&] {
@@ -189,7 +189,7 @@ void StoreUpgradeTest::olderTrendStoreGetsTheTotalsIndex() {
             names << st.text(0);
         return names;
     };
-    QCOMPARE(indexes(), QStringList({"idxTrendAccountDateTotals", "idxTrendAccountService"}));
+    QCOMPARE(indexes(), QStringList({"idxTrendAccountDateFigures", "idxTrendAccountService"}));
     // A bill's totals by cost type come from the index alone.
     Statement plan(
         trend,
