@@ -12,6 +12,7 @@
 #include "budget/BudgetStatus.h"
 #include "budget/clsBudget.h"
 #include "data/Database.h"
+#include "data/ReferenceData.h"
 
 #include <QFileInfo>
 #include <QMap>
@@ -26,9 +27,11 @@ const char* const BudgetCommandsUsage =
     "                [--trend-date D,... --percent P,...]\n"
     "      make a master budget of up to twelve dd/mm/yyyy dates; level 0 (Whole Bill)\n"
     "      to 5; a Whole Bill master given a trend date or percent gets amounts from trends\n"
-    "  budget-cc --master ID|TITLE --title T --cost-centre NAME [--trend-date D,...]\n"
-    "            [--percent P,...]\n"
-    "      make a cost-centre budget under a master from trend entries (one date for every\n"
+    "  budget-cc --master ID|TITLE --project P --title T --cost-centre NAME\n"
+    "            [--trend-date D,...] [--percent P,...]\n"
+    "      make a cost-centre budget under a master from trend entries; the cost centres and\n"
+    "      their numbers are those of the master's account in project P, as selecting it\n"
+    "      gives them; a name matches in any case (one date for every\n"
     "      period, or one per period, empty for none; by default the same month a year\n"
     "      before) scaled by a percent change (one for every period, or one per period)\n"
     "  budget-delete ID\n"
@@ -306,7 +309,8 @@ int budgetMasterCommand(AppContext& ctx, const QStringList& args) {
         if (fillFromTrend) {
             clsBudget whole(ctx.budgetDb, ctx.trendDb);
             whole.LoadBudget(budget.ID());
-            fillBudgetFromTrend(whole, bases, ctx.trendDb, ctx.costCentreDb);
+            // A Whole Bill master sums whole bills: no project is read.
+            fillBudgetFromTrend(whole, bases, ctx.trendDb, ctx.projectDb);
             const int saved = whole.SaveBudget(false);
             if (saved != BudgetStatus::Ok)
                 return refused(costCentreSaveMessage(saved));
@@ -319,14 +323,15 @@ int budgetMasterCommand(AppContext& ctx, const QStringList& args) {
 }
 
 int budgetCostCentreCommand(AppContext& ctx, const QStringList& args) {
-    const Options o =
-        parseOptions(args, {QStringLiteral("master"), QStringLiteral("title"), QStringLiteral("cost-centre"),
-                            QStringLiteral("trend-date"), QStringLiteral("percent")});
+    const Options o = parseOptions(args, {QStringLiteral("master"), QStringLiteral("project"),
+                                          QStringLiteral("title"), QStringLiteral("cost-centre"),
+                                          QStringLiteral("trend-date"), QStringLiteral("percent")});
     if (!o.error.isEmpty())
         return usage(o.error);
-    if (!o.positional.isEmpty() || !o.has(QStringLiteral("master")) || !o.has(QStringLiteral("title")))
-        return usage(QStringLiteral("usage: budget-cc --master ID|TITLE --title T --cost-centre NAME "
-                                    "[--trend-date D,...] [--percent P,...]"));
+    if (!o.positional.isEmpty() || !o.has(QStringLiteral("master")) || !o.has(QStringLiteral("title")) ||
+        !o.has(QStringLiteral("project")))
+        return usage(QStringLiteral("usage: budget-cc --master ID|TITLE --project P --title T "
+                                    "--cost-centre NAME [--trend-date D,...] [--percent P,...]"));
     return guarded([&] {
         const std::optional<int> masterId = resolveMaster(ctx.budgetDb, o.value(QStringLiteral("master")));
         if (!masterId)
@@ -337,20 +342,43 @@ int budgetCostCentreCommand(AppContext& ctx, const QStringList& args) {
             return refused(BudgetText::WholeBillMaster);
         budget.CreateFromMaster(*masterId, QString(), QString());
 
-        const QString costCentre = o.value(QStringLiteral("cost-centre"));
-        if (costCentre.isEmpty() ||
-            !costCentreChoices(ctx.costCentreDb, budget.BillAccount(), budget.CCLevel()).contains(costCentre))
+        // The project is selected as the program selects it: its TblCC is written afresh
+        // from the central store under the full bill account.
+        const QString project = o.value(QStringLiteral("project"));
+        QString error;
+        if (!OpenProjectDatabase(ctx, &ctx.projectDb, project, {}, &error)) {
+            printError(QStringLiteral("cannot open %1: %2").arg(project, error));
+            return 1;
+        }
+        ctx.projectPath = project;
+        if (!LoadProjectDetails(ctx)) {
+            printError(QStringLiteral("%1 has no bill account").arg(project));
+            return 1;
+        }
+        if (ctx.billAccount != budget.BillAccount()) {
+            printError(QStringLiteral("%1 is a bill of account %2; the master belongs to account %3")
+                           .arg(project, ctx.billAccount, budget.BillAccount()));
+            return 1;
+        }
+
+        // A name matches in any case; the budget keeps the spelling the list shows.
+        const QString typed = o.value(QStringLiteral("cost-centre"));
+        const QStringList choices = costCentreChoices(ctx.projectDb, budget.BillAccount(), budget.CCLevel());
+        qsizetype index = choices.indexOf(typed);
+        for (qsizetype i = 0; index < 0 && i < choices.size(); ++i)
+            if (choices[i].compare(typed, Qt::CaseInsensitive) == 0)
+                index = i;
+        if (index < 0)
             return refused(BudgetText::SelectCostCentre);
         budget.setName(o.value(QStringLiteral("title")).trimmed());
-        budget.setCostCentre(costCentre);
+        budget.setCostCentre(choices[index]);
 
-        QString error;
         const std::optional<QList<PeriodBasis>> bases = periodBases(ctx, budget, o, error);
         if (!bases) {
             printError(error);
             return 2;
         }
-        if (const PercentCheck check = fillBudgetFromTrend(budget, *bases, ctx.trendDb, ctx.costCentreDb);
+        if (const PercentCheck check = fillBudgetFromTrend(budget, *bases, ctx.trendDb, ctx.projectDb);
             !check.ok())
             return refusedPercent(check);
         const int status = budget.SaveBudget(false);

@@ -12,8 +12,9 @@ int budgetsCommand(AppContext& ctx, const QStringList& args);
 //  [--trend-date D,...] [--percent P,...]": a new master budget; a Whole Bill master
 // (level 0) with a trend date or percent also gets its amounts from the trend store.
 int budgetMasterCommand(AppContext& ctx, const QStringList& args);
-// "budget-cc --master ID|TITLE --title T --cost-centre NAME [--trend-date D,...]
-//  [--percent P,...]": a new cost-centre budget with amounts from the trend store.
+// "budget-cc --master ID|TITLE --project P --title T --cost-centre NAME [--trend-date D,...]
+//  [--percent P,...]": a new cost-centre budget with amounts from the trend store; the cost
+//  centres and their services are those of the selected project P.
 int budgetCostCentreCommand(AppContext& ctx, const QStringList& args);
 // "budget-delete ID": a budget; a master with all its cost-centre budgets.
 int budgetDeleteCommand(AppContext& ctx, const QStringList& args);

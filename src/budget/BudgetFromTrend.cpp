@@ -54,7 +54,7 @@ QList<BudgetAmounts> deriveBudgetAmounts(const QList<PeriodBasis>& periods, cons
 }
 
 PercentCheck fillBudgetFromTrend(clsBudget& budget, const QList<PeriodBasis>& periods, Database& trendDb,
-                                 Database& costCentreDb) {
+                                 Database& projectDb) {
     // Periods beyond the list carry the one before, unchanged.
     QList<PeriodBasis> used = periods.mid(0, budget.EntryCount());
     while (used.size() < budget.EntryCount())
@@ -66,7 +66,7 @@ PercentCheck fillBudgetFromTrend(clsBudget& budget, const QList<PeriodBasis>& pe
     const int level = budget.CCLevel();
     const QString costCentre = budget.CostCentre();
     const QList<BudgetAmounts> amounts = deriveBudgetAmounts(used, [&](const Date& trendDate) {
-        return GetTrendAmounts(trendDb, costCentreDb, account, level, costCentre, trendDate);
+        return GetTrendAmounts(trendDb, projectDb, account, level, costCentre, trendDate);
     });
     for (int i = 0; i < amounts.size(); ++i) {
         clsBudgetCostEntry& e = budget.Entry(i + 1);

@@ -36,7 +36,7 @@ using TrendAmountSource = std::function<BudgetAmounts(const Date& trendDate)>;
 QList<BudgetAmounts> deriveBudgetAmounts(const QList<PeriodBasis>& periods, const TrendAmountSource& source);
 
 // Fills the entries of a budget from the trend store, period i from periods[i], by the
-// budget's account, level and cost centre; periods beyond the list carry the one before.
-// Nothing changes when a percent is refused.
+// budget's account, level and cost centre (its services from the project's TblCC);
+// periods beyond the list carry the one before. Nothing changes when a percent is refused.
 PercentCheck fillBudgetFromTrend(clsBudget& budget, const QList<PeriodBasis>& periods, Database& trendDb,
-                                 Database& costCentreDb);
+                                 Database& projectDb);

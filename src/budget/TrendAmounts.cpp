@@ -28,14 +28,15 @@ QList<Date> trendEntryDates(Database& trendDb, const QString& account) {
     return dates;
 }
 
-QStringList costCentreChoices(Database& costCentreDb, const QString& account, int level) {
+QStringList costCentreChoices(Database& projectDb, const QString& account, int level) {
     const QString column = levelColumn(level);
-    if (column.isEmpty())
+    if (column.isEmpty() || !projectDb.isOpen())
         return {};
     QStringList names;
-    Statement st(
-        costCentreDb,
-        QStringLiteral("SELECT DISTINCT %1 FROM TblCC WHERE VeloraAccount = ? ORDER BY %1").arg(column));
+    // Names that differ in case only are one cost centre: listed once, sorted as one.
+    Statement st(projectDb, QStringLiteral("SELECT DISTINCT %1 COLLATE NOCASE AS name FROM TblCC "
+                                           "WHERE VeloraAccount = ? ORDER BY name")
+                                .arg(column));
     st.bind(1, account);
     while (st.step()) {
         if (!st.isNull(0) && !st.text(0).trimmed().isEmpty())
@@ -55,20 +56,20 @@ Date defaultTrendDate(const QList<Date>& trendDates, const Date& period) {
     return Date();
 }
 
-BudgetAmounts GetTrendAmounts(Database& trendDb, Database& costCentreDb, const QString& account, int level,
+BudgetAmounts GetTrendAmounts(Database& trendDb, Database& projectDb, const QString& account, int level,
                               const QString& costCentre, const Date& trendDate) {
     QStringList services;
     const QString column = levelColumn(level);
     if (!column.isEmpty() && costCentre != NoCostCentreSelected) {
         try {
-            Statement st(
-                costCentreDb,
-                QStringLiteral("SELECT TelNo FROM TblCC WHERE VeloraAccount = ? AND %1 = ?").arg(column));
+            Statement st(projectDb, QStringLiteral("SELECT TelNo FROM TblCC WHERE VeloraAccount = ? "
+                                                   "AND %1 = ? COLLATE NOCASE")
+                                        .arg(column));
             st.bindAll(account, costCentre);
             while (st.step())
                 services.append(st.text(0));
         } catch (const DbError&) {
-            // A cost-centre store that cannot answer leaves the whole bill to be summed.
+            // A project that cannot answer leaves the whole bill to be summed.
         }
     }
     BudgetAmounts amounts;

@@ -259,8 +259,7 @@ void frmBudgetAddSlave::FillCostCentres() {
     cmbFilterCC_->clear();
     cmbFilterCC_->addItem(NoCostCentreSelected);
     try {
-        cmbFilterCC_->addItems(
-            costCentreChoices(ctx_.costCentreDb, budget_->BillAccount(), budget_->CCLevel()));
+        cmbFilterCC_->addItems(costCentreChoices(ctx_.projectDb, budget_->BillAccount(), budget_->CCLevel()));
     } catch (const DbError& e) {
         logBudgetFailure(ctx_, QStringLiteral("frmBudgetAddSlave.FillCostCentres"), e);
     }
@@ -320,8 +319,7 @@ void frmBudgetAddSlave::cmdCreate_Click() {
         budget_->setCostCentre(cmbFilterCC_->currentText());
     }
 
-    const PercentCheck check =
-        fillBudgetFromTrend(*budget_, chosenPeriods(), ctx_.trendDb, ctx_.costCentreDb);
+    const PercentCheck check = fillBudgetFromTrend(*budget_, chosenPeriods(), ctx_.trendDb, ctx_.projectDb);
     if (!check.ok()) {
         say(ctx_, check.notNumeric ? BudgetText::PercentNotNumeric : BudgetText::PercentInvalid);
         txtPercentage_[check.index]->setFocus();

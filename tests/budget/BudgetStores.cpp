@@ -16,10 +16,10 @@ Money money(const char* text) {
 BudgetStores::BudgetStores()
     : budgetDb(Database::openMemory())
     , trendDb(Database::openMemory())
-    , costCentreDb(Database::openMemory()) {
+    , projectDb(Database::openMemory()) {
     budgetDb.execScript(schemaText(QStringLiteral("budgets")));
     trendDb.execScript(schemaText(QStringLiteral("trend")));
-    costCentreDb.execScript(schemaText(QStringLiteral("costcentres")));
+    projectDb.execScript(schemaText(QStringLiteral("project")));
 }
 
 void BudgetStores::trendRow(const QString& account, const Date& billDate, const QString& service, Money usage,
@@ -32,7 +32,7 @@ void BudgetStores::trendRow(const QString& account, const Date& billDate, const 
 
 void BudgetStores::costCentre(const QString& account, const QString& tel, const QString& level1,
                               const QString& level2) {
-    Statement st(costCentreDb,
+    Statement st(projectDb,
                  QStringLiteral("INSERT INTO TblCC (VeloraAccount, TelNo, CostCentre1, CostCentre2) "
                                 "VALUES (?, ?, ?, ?)"));
     st.bindAll(account, tel, level1);

@@ -1,6 +1,6 @@
 #pragma once
-// Budget, trend and cost-centre stores in memory, made from the real schemas, with
-// hand-written rows.
+// Budget and trend stores and a selected project's cost-centre table in memory, made from
+// the real schemas, with hand-written rows.
 #include "app/Date.h"
 #include "app/Money.h"
 #include "data/Database.h"
@@ -18,7 +18,8 @@ struct BudgetStores {
     // One trend row for a service of a bill.
     void trendRow(const QString& account, const Date& billDate, const QString& service, Money usage = {},
                   Money recurring = {}, Money oneOff = {}, Money adjustments = {});
-    // A service number under cost centres of levels 1 and 2 of an account.
+    // A service number under cost centres of levels 1 and 2 of an account, in the project's
+    // TblCC as selection writes it.
     void costCentre(const QString& account, const QString& tel, const QString& level1,
                     const QString& level2 = {});
 
@@ -36,7 +37,7 @@ struct BudgetStores {
 
     Database budgetDb;
     Database trendDb;
-    Database costCentreDb;
+    Database projectDb;
 };
 
 } // namespace testing

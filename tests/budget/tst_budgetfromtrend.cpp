@@ -2,8 +2,12 @@
 // the carrying of a period without a trend entry, and the rounding.
 #include "BudgetStores.h"
 #include "TestRegistry.h"
+#include "app/AppContext.h"
+#include "app/DialogService.h"
 #include "budget/BudgetFromTrend.h"
 #include "budget/clsBudget.h"
+#include "data/ReferenceData.h"
+#include "data/Schema.h"
 
 #include <QTest>
 
@@ -60,6 +64,35 @@ void fillTrendStore(BudgetStores& s) {
     s.costCentre(QStringLiteral("ACC2"), QStringLiteral("S1"), QStringLiteral("Other"));
 }
 
+// An "AC01" account: the central store keeps its rows under "VL4321AC" (a row under the full
+// account is never copied), and selection writes them into the project under the full one.
+const QString Ac01 = QStringLiteral("VL4321AC01");
+
+struct Ac01Selection {
+    RecordingDialogService dialogs;
+    AppContext ctx{dialogs};
+    BudgetStores s;
+    Ac01Selection() {
+        ctx.costCentreDb = Database::openMemory();
+        ctx.costCentreDb.execScript(schemaText(QStringLiteral("costcentres")));
+        // Account, number, levels 1 and 2, usage on the bill of 15 Jan 2023.
+        for (const char* row :
+             {"VL4321AC|0100|Corporate Services|North|10", "VL4321AC|0200|CORPORATE SERVICES|South|2.5",
+              "VL4321AC|0300|Operations|North|100", "VL4321AC01|0400|Ghost|Ghost|1000"}) {
+            const QStringList f = QString::fromLatin1(row).split(QLatin1Char('|'));
+            ctx.costCentreDb.exec(QStringLiteral("INSERT INTO TblCC (VeloraAccount, TelNo, CostCentre1, "
+                                                 "CostCentre2) VALUES (?, ?, ?, ?)"),
+                                  f[0], f[1], f[2], f[3]);
+            s.trendRow(Ac01, Date(2023, 1, 15), f[1], money(qPrintable(f[4])));
+        }
+        ctx.projectDb = Database::openMemory();
+        ctx.projectDb.execScript(schemaText(QStringLiteral("project")));
+        ctx.projectDb.exec(QStringLiteral("INSERT INTO Tbl50 (VeloraAccount) VALUES (?)"), Ac01);
+        ctx.billAccount = Ac01;
+        LoadCostCentres(ctx);
+    }
+};
+
 } // namespace
 
 class BudgetFromTrendTest : public QObject {
@@ -73,6 +106,9 @@ private slots:
     void trendAmounts_data();
     void trendAmounts();
     void costCentreChoices();
+    void ac01AccountChoices();
+    void ac01AccountAmounts_data();
+    void ac01AccountAmounts();
     void defaultTrendDates();
     void costCentreBudgetFromTrend();
     void wholeBillMasterFromTrend();
@@ -187,20 +223,46 @@ void BudgetFromTrendTest::trendAmounts() {
     QFETCH(QString, expected);
     BudgetStores s;
     fillTrendStore(s);
-    QCOMPARE(text(GetTrendAmounts(s.trendDb, s.costCentreDb, account, level, costCentre, date)), expected);
+    QCOMPARE(text(GetTrendAmounts(s.trendDb, s.projectDb, account, level, costCentre, date)), expected);
 }
 
 void BudgetFromTrendTest::costCentreChoices() {
     BudgetStores s;
     fillTrendStore(s);
-    QCOMPARE(::costCentreChoices(s.costCentreDb, QStringLiteral("ACC1"), 1),
+    QCOMPARE(::costCentreChoices(s.projectDb, QStringLiteral("ACC1"), 1),
              (QStringList{QStringLiteral("R&D 'North'"), QStringLiteral("Sales")}));
-    QCOMPARE(::costCentreChoices(s.costCentreDb, QStringLiteral("ACC1"), 2),
+    QCOMPARE(::costCentreChoices(s.projectDb, QStringLiteral("ACC1"), 2),
              (QStringList{QStringLiteral("North"), QStringLiteral("South")}));
-    QVERIFY(::costCentreChoices(s.costCentreDb, QStringLiteral("ACC1"), 0).isEmpty());
-    QVERIFY(::costCentreChoices(s.costCentreDb, QStringLiteral("ACC1"), 6).isEmpty());
+    QVERIFY(::costCentreChoices(s.projectDb, QStringLiteral("ACC1"), 0).isEmpty());
+    QVERIFY(::costCentreChoices(s.projectDb, QStringLiteral("ACC1"), 6).isEmpty());
     QCOMPARE(trendEntryDates(s.trendDb, QStringLiteral("ACC1")),
              (QList<Date>{Date(2023, 1, 15), Date(2023, 2, 15)}));
+}
+
+void BudgetFromTrendTest::ac01AccountChoices() {
+    Ac01Selection a;
+    QCOMPARE(::costCentreChoices(a.ctx.projectDb, Ac01, 1),
+             (QStringList{"Corporate Services", "Operations"}));
+}
+
+void BudgetFromTrendTest::ac01AccountAmounts_data() {
+    QTest::addColumn<int>("level");
+    QTest::addColumn<QString>("costCentre");
+    QTest::addColumn<QString>("usage");
+    QTest::newRow("both spellings of one centre") << 1 << QStringLiteral("Corporate Services") << "12.5";
+    QTest::newRow("matched in another case") << 1 << QStringLiteral("corporate services") << "12.5";
+    QTest::newRow("one service") << 1 << QStringLiteral("Operations") << "100";
+    QTest::newRow("level 2") << 2 << QStringLiteral("north") << "110";
+    QTest::newRow("central row of the full account") << 1 << QStringLiteral("Ghost") << "1112.5";
+}
+
+void BudgetFromTrendTest::ac01AccountAmounts() {
+    QFETCH(int, level);
+    QFETCH(QString, costCentre);
+    QFETCH(QString, usage);
+    Ac01Selection a;
+    QCOMPARE(text(GetTrendAmounts(a.s.trendDb, a.ctx.projectDb, Ac01, level, costCentre, Date(2023, 1, 15))),
+             usage + QStringLiteral("/0/0/0"));
 }
 
 void BudgetFromTrendTest::defaultTrendDates() {
@@ -222,7 +284,7 @@ void BudgetFromTrendTest::costCentreBudgetFromTrend() {
     clsBudget b(s.budgetDb, s.trendDb);
     b.CreateFromMaster(master, QStringLiteral("Sales 2024"), QStringLiteral("Sales"));
     PeriodBasis first{Date(2023, 1, 15), QStringLiteral("10")};
-    QVERIFY(fillBudgetFromTrend(b, {first}, s.trendDb, s.costCentreDb).ok());
+    QVERIFY(fillBudgetFromTrend(b, {first}, s.trendDb, s.projectDb).ok());
     QCOMPARE(b.SaveBudget(false), 0);
     Statement st(s.budgetDb, QStringLiteral("SELECT SelectedDate, Usage, Recurring, OneOff, Adjustments "
                                             "FROM tblBudgetEntry WHERE BudgetID = ? ORDER BY SelectedDate"));
@@ -248,7 +310,7 @@ void BudgetFromTrendTest::wholeBillMasterFromTrend() {
     clsBudget b(s.budgetDb, s.trendDb);
     b.LoadBudget(master);
     QVERIFY(fillBudgetFromTrend(b, {PeriodBasis{Date(2023, 1, 15), QStringLiteral("0.0")}}, s.trendDb,
-                                s.costCentreDb)
+                                s.projectDb)
                 .ok());
     QCOMPARE(b.SaveBudget(false), 0);
     QCOMPARE(b.ID(), master);
@@ -267,7 +329,7 @@ void BudgetFromTrendTest::refusedPercentChangesNothing() {
     clsBudget b(s.budgetDb, s.trendDb);
     b.LoadBudget(master);
     const PercentCheck check =
-        fillBudgetFromTrend(b, periodsOf({"T1:5", "T1:1000.1"}), s.trendDb, s.costCentreDb);
+        fillBudgetFromTrend(b, periodsOf({"T1:5", "T1:1000.1"}), s.trendDb, s.projectDb);
     QCOMPARE(check.index, 1);
     QCOMPARE(b.Entry(1).Usage, money("3"));
     QCOMPARE(b.Entry(2).Usage, money("4"));

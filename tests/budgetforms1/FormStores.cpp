@@ -27,6 +27,10 @@ FormStores::FormStores(const QString& account) {
     ctx.budgetDb = Database::open(budgets);
     ctx.trendDb = Database::open(trend);
     ctx.costCentreDb = Database::open(costCentres);
+    // The selected project, whose TblCC the cost-centre budget form reads.
+    const QString project = dir.path(QStringLiteral("project.mdb"));
+    createDatabaseFromSchema(project, QStringLiteral("project"));
+    ctx.projectDb = Database::open(project);
     ctx.billAccount = account;
 }
 
@@ -41,9 +45,9 @@ void FormStores::trendRow(const QString& account, const Date& billDate, const QS
 
 void FormStores::costCentre(const QString& account, const QString& tel, const QString& level1,
                             const QString& level2) {
-    ctx.costCentreDb.exec(QStringLiteral("INSERT INTO TblCC (VeloraAccount, TelNo, CostCentre1, CostCentre2) "
-                                         "VALUES (?, ?, ?, ?)"),
-                          account, tel, level1, level2);
+    ctx.projectDb.exec(QStringLiteral("INSERT INTO TblCC (VeloraAccount, TelNo, CostCentre1, CostCentre2) "
+                                      "VALUES (?, ?, ?, ?)"),
+                       account, tel, level1, level2);
 }
 
 namespace {

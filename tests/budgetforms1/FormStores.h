@@ -27,6 +27,7 @@ struct FormStores {
 
     void trendRow(const QString& account, const Date& billDate, const QString& service, Money usage,
                   Money recurring = {}, Money oneOff = {}, Money adjustments = {});
+    // A row of the selected project's TblCC.
     void costCentre(const QString& account, const QString& tel, const QString& level1,
                     const QString& level2 = {});
 
