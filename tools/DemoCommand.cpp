@@ -1,6 +1,7 @@
 #include "tools/DemoCommand.h"
 
 #include "data/Database.h"
+#include "tools/DemoBudgets.h"
 #include "tools/DemoGenerator.h"
 
 #include <QDir>
@@ -13,7 +14,10 @@ const char* const DemoUsage =
     "usage: vantrel-cli demo DIR [--seed S] [--accounts N] [--bills N] [--lines-per-bill N]\n"
     "  writes DIR/AppFolder (budgets.mdb, trend.mdb, costcentres2.mdb, tel.mdb) and\n"
     "  DIR/Projects (one project per monthly bill and account, plus an IRE bill and a\n"
-    "  bill of other imports). Defaults: seed 1, 3 accounts, 14 bills, 3000 lines per bill.\n";
+    "  bill of other imports), gathers every regular bill into the trend store and writes\n"
+    "  budgets from it: per account a Whole Bill master over its last twelve bills and a\n"
+    "  Level 1 master with a budget for each level-1 cost centre.\n"
+    "  Defaults: seed 1, 3 accounts, 14 bills, 3000 lines per bill.\n";
 
 int argumentError(const QString& text) {
     std::fprintf(stderr, "vantrel-cli demo: %s\n%s", qPrintable(text), DemoUsage);
@@ -78,6 +82,15 @@ int demoCommand(const QStringList& args) {
         std::printf("%d files written for %lld account(s): %s\n", int(summary.files.size()),
                     static_cast<long long>(summary.accounts.size()),
                     qPrintable(summary.accounts.join(QStringLiteral(", "))));
+        writeDemoTrendsAndBudgets(summary, [](const DemoAccountBudgets& a) {
+            std::printf("%s: %d bills gathered (%lld trend rows); budgets %d (%s), %d (%s) with %lld "
+                        "cost centre budgets\n",
+                        qPrintable(a.account), a.billsGathered, static_cast<long long>(a.trendRows),
+                        a.wholeBillMaster, qPrintable(demoWholeBillTitle(a.account)), a.levelMaster,
+                        qPrintable(demoLevelMasterTitle(a.account)),
+                        static_cast<long long>(a.costCentres.size()));
+            std::fflush(stdout);
+        });
     } catch (const std::exception& e) {
         std::fprintf(stderr, "vantrel-cli demo: %s\n", e.what());
         return 1;

@@ -105,6 +105,7 @@ DemoSummary writeDemoInstallation(const DemoOptions& options,
             const int stale = month == firstMonth ? -1 : 2;
             record(path, writeProjectFile(path, plan, billDate, options.linesPerBill, options.seed,
                                           ProjectHeader{}, stale));
+            summary.bills << path;
         }
     }
 

@@ -32,6 +32,7 @@ struct DemoSummary {
     QString projectFolder;
     QStringList accounts;
     std::vector<DemoFile> files; // the stores first, then the projects
+    QStringList bills;           // the regular bill projects (neither IRE nor other imports)
 };
 
 // Limits of the options; anything outside them is refused with an explanation.

@@ -110,16 +110,47 @@ void DemoCommandTest::badBillsValueExplainsItself() {
     QVERIFY2(err.contains(QLatin1String("--bills")) && err.contains(QLatin1String("many")), qPrintable(err));
 }
 
+// Every account gets its budgets: a Whole Bill master of its bills, and a Level 1 master
+// with one budget per level-1 cost centre of the central store.
 void DemoCommandTest::writesInstallation() {
     testing::TempDir dir;
     const QString target = dir.path("demo");
     QCOMPARE(
-        demoCommand({target, "--accounts", "1", "--bills", "2", "--lines-per-bill", "200", "--seed", "5"}),
+        demoCommand({target, "--accounts", "2", "--bills", "3", "--lines-per-bill", "200", "--seed", "5"}),
         0);
-    QCOMPARE(regularProjects(target + "/Projects").size(), 2);
-    QCOMPARE(projectFiles(target + "/Projects").size(), 4);
+    QCOMPARE(regularProjects(target + "/Projects").size(), 6);
+    QCOMPARE(projectFiles(target + "/Projects").size(), 8);
     for (const char* store : {"budgets.mdb", "trend.mdb", "costcentres2.mdb", "tel.mdb"})
         QVERIFY(QFileInfo::exists(target + "/AppFolder/" + store));
+
+    Database db = Database::open(target + "/AppFolder/budgets.mdb", Database::Mode::ReadOnly);
+    db.exec(QStringLiteral("ATTACH ? AS t"), target + "/AppFolder/trend.mdb");
+    db.exec(QStringLiteral("ATTACH ? AS c"), target + "/AppFolder/costcentres2.mdb");
+    const QString levelMaster = QStringLiteral(
+        "(SELECT BudgetID FROM tblBudget WHERE BillAccount = ?1 AND MasterID = -1 AND CCLevel = 1)");
+    const QStringList accounts =
+        textColumn(db, QStringLiteral("SELECT DISTINCT BillAccount FROM t.tblSummaryTrend"));
+    QCOMPARE(accounts.size(), 2);
+    for (const QString& account : accounts) {
+        QCOMPARE(
+            queryInt(db,
+                     QStringLiteral("SELECT COUNT(*) FROM tblBudgetEntry JOIN tblBudget USING (BudgetID) "
+                                    "WHERE BillAccount = ? AND CCLevel = 0"),
+                     account),
+            3);
+        const QStringList centres =
+            textColumn(db,
+                       QStringLiteral("SELECT DISTINCT upper(CostCentre1) FROM c.TblCC WHERE "
+                                      "VeloraAccount = ? AND trim(CostCentre1) <> '' ORDER BY 1"),
+                       account.endsWith(QLatin1String("AC01")) ? account.chopped(2) : account);
+        QVERIFY(!centres.isEmpty());
+        QCOMPARE(
+            textColumn(db,
+                       QStringLiteral("SELECT upper(CCName) FROM tblBudget WHERE MasterID = %1 ORDER BY 1")
+                           .arg(levelMaster),
+                       account),
+            centres);
+    }
 }
 
 VANTREL_TEST(DemoCommandTest);
