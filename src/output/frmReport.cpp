@@ -5,6 +5,7 @@
 #include "output/ReportDetails.h"
 #include "output/gui/ReportChartView.h"
 #include "output/gui/ReportGridView.h"
+#include "reports/ReportCatalogue.h"
 #include "reports/ReportNavigation.h"
 #include "ui/ClickableLabel.h"
 #include "ui/HoverHints.h"
@@ -22,7 +23,8 @@ constexpr int IndividualChargesGridRows = 14;
 constexpr double GridShareLimit = 0.45;
 
 bool drillsDown(int reportNumber) {
-    return reportNumber == ReportNumber::TotalCharges || reportNumber == ReportNumber::Service;
+    const ReportCatalogueEntry* entry = catalogueEntry(reportNumber);
+    return entry && entry->rowDrillDown;
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 #include "app/DialogService.h"
 #include "output/gui/ReportChartView.h"
 #include "output/ucReportArea.h"
+#include "reports/BudgetReports.h"
+#include "reports/ReportCatalogue.h"
 #include "reports/ReportNavigation.h"
 
 #include <QFrame>
@@ -14,8 +16,6 @@ namespace {
 
 constexpr int Gap = 16;
 constexpr int SwatchSize = 14;
-// The periodic deviation report opens on the total view.
-constexpr int TotalView = 5;
 
 } // namespace
 
@@ -33,10 +33,12 @@ void frmReport2::render() {
     charts_.clear();
     FrameKey_ = nullptr;
     const std::vector<ReportChart>& charts = report().charts;
+    const ReportCatalogueEntry* entry = catalogueEntry(report().number);
+    const bool leadsOn = entry && entry->chartDrillDown;
     for (int i = 0; i < int(charts.size()); ++i) {
         auto* view = new ReportChartView(charts[size_t(i)], ctx_.colours);
         view->setObjectName(QStringLiteral("MSChart1_%1").arg(i));
-        if (charts[size_t(i)].budgetId || !charts[size_t(i)].pointBudgetIds.empty())
+        if (leadsOn && (charts[size_t(i)].budgetId || !charts[size_t(i)].pointBudgetIds.empty()))
             view->setCursor(Qt::PointingHandCursor);
         // Queued: a click may replace the charts, the clicked one with them.
         connect(
@@ -111,6 +113,10 @@ void frmReport2::layoutArea() {
 }
 
 void frmReport2::MSChart1_Click(int chart, int point) {
+    // Only a report whose charts lead on reacts to a click on them.
+    const ReportCatalogueEntry* entry = catalogueEntry(report().number);
+    if (!entry || !entry->chartDrillDown)
+        return;
     if (chart < 0 || chart >= int(report().charts.size()))
         return;
     const ReportChart& clicked = report().charts[size_t(chart)];
@@ -120,7 +126,7 @@ void frmReport2::MSChart1_Click(int chart, int point) {
     if (!budget)
         return;
     PushCurrentReport(session_);
-    const ReportParams next{ReportNumber::MonthlyDeviation, *budget, TotalView};
+    const ReportParams next = monthlyDeviationParams(*budget, BudgetView::Total);
     ReportResult result = navigate([&](ReportContext& rc) { return OpenReport(rc, session_, next); });
     if (result.shown()) {
         moveTo(std::move(*result.report));

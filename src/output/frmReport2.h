@@ -1,7 +1,8 @@
 #pragma once
 // The report-area window: one or more charts on a scrolling area, with a key and the
-// periods beside them. A click on a chart, or on one of its bars, that names a budget
-// opens that budget's periodic deviation report.
+// periods beside them. In a report whose charts lead on (the budget top 10), a click on
+// a chart, or on one of its bars, that names a budget opens that budget's periodic
+// deviation report.
 #include "output/gui/ReportWindow.h"
 
 #include <QList>

@@ -4,6 +4,7 @@
 #include "app/frmMenu.h"
 #include "budget/frmBudgetManagement.h"
 #include "data/ucProjectSelector.h"
+#include "reports/frmBudgetReports.h"
 #include "reports/frmTrendReports.h"
 #include "trend/frmTrendManagement.h"
 
@@ -39,6 +40,11 @@ void connectMenuForms(frmMenu& menu, AppContext& ctx) {
     });
     menu.setOpener(frmMenu::Opener::BudgetManagement, [&ctx, &menu] {
         frmBudgetManagement form(ctx, &menu);
+        attachSelector(form, ctx);
+        form.exec();
+    });
+    menu.setOpener(frmMenu::Opener::BudgetReports, [&ctx, &menu] {
+        frmBudgetReports form(ctx, &menu);
         attachSelector(form, ctx);
         form.exec();
     });

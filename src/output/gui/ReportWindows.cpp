@@ -2,6 +2,7 @@
 
 #include "output/frmReport.h"
 #include "output/frmReport2.h"
+#include "output/frmReport3.h"
 
 #include <map>
 
@@ -16,6 +17,10 @@ std::map<ReportForm, ReportWindowFactory>& factories() {
         {ReportForm::ReportArea,
          [](AppContext& ctx, ReportSession& session, Report report, QWidget* parent) {
              return std::unique_ptr<ReportWindow>(new frmReport2(ctx, session, std::move(report), parent));
+         }},
+        {ReportForm::Grid,
+         [](AppContext& ctx, ReportSession& session, Report report, QWidget* parent) {
+             return std::unique_ptr<ReportWindow>(new frmReport3(ctx, session, std::move(report), parent));
          }},
     };
     return registered;

@@ -14,8 +14,8 @@ struct ReportSession;
 using ReportWindowFactory =
     std::function<std::unique_ptr<ReportWindow>(AppContext&, ReportSession&, Report, QWidget* parent)>;
 
-// Lets another window join (the grid window, for instance); the chart-and-grid and the
-// report-area windows are built in. An empty factory takes a window out again.
+// Lets another window take a kind of report (tests put their own in); the chart-and-grid,
+// report-area and grid windows are built in. An empty factory takes a window out again.
 void setReportWindowFactory(ReportForm form, ReportWindowFactory factory);
 
 // The window for the report's kind, showing it; null when no window shows that kind.
