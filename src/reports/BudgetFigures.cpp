@@ -173,9 +173,10 @@ std::vector<std::optional<FamilyAmounts>> liveSumsByEntryDate(AppContext& ctx, c
     }
     BoundQuery query{
         QStringLiteral("SELECT BillDate, SUM(\"Usage Charges\"), SUM(\"Recurring Charges\"), "
-                       "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") FROM TblSummaryTrend "
-                       "WHERE BillAccount = ?") +
-            scope.filter.condition() +
+                       "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") FROM TblSummaryTrend") +
+            // A short list of numbers is looked up by number, not found among every row of the dates.
+            (scope.filter.active ? QStringLiteral(" INDEXED BY idxTrendAccountService") : QString()) +
+            QStringLiteral(" WHERE BillAccount = ?") + scope.filter.condition() +
             QStringLiteral(" AND BillDate IN (SELECT value FROM json_each(?)) GROUP BY ") +
             scope.filter.dateGroup(),
         {}};
