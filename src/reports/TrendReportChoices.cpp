@@ -33,7 +33,9 @@ QStringList trendCostCentres(AppContext& ctx, int level) {
     const QString column = QStringLiteral("CostCentre%1").arg(level);
     QStringList names = readColumn(
         ctx, ctx.projectDb,
-        QStringLiteral("SELECT DISTINCT %1 FROM TblCC WHERE VeloraAccount = ? ORDER BY %1 COLLATE NOCASE")
+        // Names that differ only in case are one cost centre, listed once.
+        QStringLiteral("SELECT MIN(%1) FROM TblCC WHERE VeloraAccount = ? GROUP BY %1 COLLATE NOCASE "
+                       "ORDER BY %1 COLLATE NOCASE")
             .arg(column),
         "trendCostCentres");
     names.removeAll(QString());
@@ -43,7 +45,7 @@ QStringList trendCostCentres(AppContext& ctx, int level) {
 QStringList trendServiceNumbers(AppContext& ctx) {
     return readColumn(
         ctx, ctx.trendDb,
-        QStringLiteral("SELECT DISTINCT \"Service No\" FROM TblSummaryTrend WHERE BillAccount = ? "
-                       "ORDER BY \"Service No\""),
+        QStringLiteral("SELECT MIN(\"Service No\") FROM TblSummaryTrend WHERE BillAccount = ? "
+                       "GROUP BY \"Service No\" COLLATE NOCASE ORDER BY \"Service No\" COLLATE NOCASE"),
         "trendServiceNumbers");
 }

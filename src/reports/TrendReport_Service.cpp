@@ -34,7 +34,8 @@ ReportResult TrendReport_Service(ReportContext& rc, int level, const QString& va
             QStringLiteral("SELECT BillDate, \"Product Code\", SUM(\"PreTax Cost\") FROM TblSummaryTrend "
                            "WHERE BillAccount = ?") +
                 filter.condition() + QStringLiteral(" GROUP BY ") + filter.dateGroup() +
-                QStringLiteral(", \"Product Code\" ORDER BY BillDate, \"Product Code\""),
+                QStringLiteral(
+                    ", \"Product Code\" COLLATE NOCASE ORDER BY BillDate, \"Product Code\" COLLATE NOCASE"),
             {}};
         query.arg(ctx.billAccount);
         filter.bindTo(query);
@@ -56,7 +57,8 @@ ReportResult TrendReport_Service(ReportContext& rc, int level, const QString& va
             const QString key = formatDate(r.date, QStringLiteral("yyyymmdd"));
             if (!ListContains(dates, key))
                 dates << key;
-            if (!ListContains(products, r.product))
+            // Codes that differ only in case are one product.
+            if (!products.contains(r.product, Qt::CaseInsensitive))
                 products << r.product;
         }
         if (dates.size() > TrendDateWindow)
@@ -95,7 +97,7 @@ ReportResult TrendReport_Service(ReportContext& rc, int level, const QString& va
         for (int p = 0; p < products.size(); ++p) {
             grid.setText(p + 1, 0, products[p] + QStringLiteral(" (£)"));
             grid.setBold(p + 1, 0);
-            rowOfProduct.insert(products[p], p + 1);
+            rowOfProduct.insert(products[p].toCaseFolded(), p + 1);
         }
         grid.column(0).widthTwips = CaptionColumnTwips;
 
@@ -104,7 +106,7 @@ ReportResult TrendReport_Service(ReportContext& rc, int level, const QString& va
         std::vector<Money> totals(size_t(dates.size()));
         for (const ProductCost& r : records) {
             const int col = columnOfDate.value(billDateText(r.date), -1);
-            const int row = rowOfProduct.value(r.product, -1);
+            const int row = rowOfProduct.value(r.product.toCaseFolded(), -1);
             if (col < 0 || row < 0)
                 continue;
             if (r.cost)

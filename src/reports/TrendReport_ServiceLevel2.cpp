@@ -47,7 +47,7 @@ ReportResult TrendReport_ServiceLevel2(ReportContext& rc, int level, const QStri
             QStringLiteral("SELECT BillDate, SUM(\"Usage Charges\"), SUM(\"Recurring Charges\"), "
                            "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") "
                            "FROM TblSummaryTrend WHERE BillAccount = ?") +
-                filter.condition() + QStringLiteral(" AND \"Product Code\" = ? GROUP BY ") +
+                filter.condition() + QStringLiteral(" AND \"Product Code\" = ? COLLATE NOCASE GROUP BY ") +
                 filter.dateGroup() + QStringLiteral(" ORDER BY BillDate"),
             {}};
         query.arg(ctx.billAccount);

@@ -93,11 +93,12 @@ std::vector<CostCentre> costCentres(AppContext& ctx, int level,
     QHash<QString, int> indexOfName;
     while (st.step()) {
         const QString name = st.text(0).isEmpty() ? ReportText::NoCostCentreSelected : st.text(0);
-        auto found = indexOfName.constFind(name);
+        // Names that differ only in case are one cost centre.
+        auto found = indexOfName.constFind(name.toCaseFolded());
         int index = 0;
         if (found == indexOfName.constEnd()) {
             index = int(centres.size());
-            indexOfName.insert(name, index);
+            indexOfName.insert(name.toCaseFolded(), index);
             centres.push_back({name, {}, {}, Money()});
         } else {
             index = *found;
