@@ -415,11 +415,13 @@ int budgetRenameCommand(AppContext& ctx, const QStringList& args) {
     return guarded([&] {
         const BudgetRenameResult r = renameBudget(ctx.budgetDb, *id, args[1]);
         if (r.status == BudgetStatus::Refused) {
-            printError(QStringLiteral("no budget has the id %1").arg(*id));
+            printError(r.title.isNull()
+                           ? QStringLiteral("no budget has the id %1").arg(*id)
+                           : QStringLiteral("budget %1 has lost its master budget; its title stays %2")
+                                 .arg(*id)
+                                 .arg(r.title));
             return 1;
         }
-        if (r.status == BudgetStatus::TitleExists)
-            return refused(BudgetText::MasterNameExists);
         std::printf("Budget %d renamed: %s\n", *id, qPrintable(r.title));
         return 0;
     });

@@ -4,25 +4,24 @@
 #include "budget/clsBudget.h"
 #include "data/Database.h"
 
-QString renamedTitle(const QString& typed, bool isChild, const std::optional<QString>& masterTitle) {
+std::optional<QString> renamedTitle(const QString& typed, bool isChild,
+                                    const std::optional<QString>& masterTitle) {
     const QChar quote(QLatin1Char('\''));
     QString title = typed;
     title.remove(quote);
     if (isChild) {
-        if (masterTitle) {
-            // The master's title loses its quotes too, or a quoted prefix would stay.
-            QString prefix = *masterTitle;
-            prefix.remove(quote);
-            prefix += QLatin1Char('.');
-            title.remove(prefix);
-        } else if (title.startsWith(QLatin1Char('.'))) {
-            title.remove(0, 1);
-        }
+        if (!masterTitle)
+            return std::nullopt;
+        // The master's title loses its quotes too, or a quoted prefix would stay.
+        QString prefix = *masterTitle;
+        prefix.remove(quote);
+        prefix += QLatin1Char('.');
+        title.remove(prefix);
     }
     return title.left(clsBudget::MaxNameLength);
 }
 
-BudgetRenameResult renameBudget(Database& budgetDb, int budgetId, const QString& typed, bool requireUnique) {
+BudgetRenameResult renameBudget(Database& budgetDb, int budgetId, const QString& typed) {
     Transaction tx(budgetDb);
     QString oldTitle;
     int masterId = clsBudget::NoID;
@@ -41,14 +40,10 @@ BudgetRenameResult renameBudget(Database& budgetDb, int budgetId, const QString&
             masterTitle = row.text(3);
     }
     const bool isChild = masterId != clsBudget::NoID;
-    const QString title = renamedTitle(typed, isChild, masterTitle);
-    if (requireUnique &&
-        queryInt(budgetDb,
-                 QStringLiteral("SELECT COUNT(*) FROM tblBudget WHERE Title = ? COLLATE NOCASE "
-                                "AND MasterID = ? AND BudgetID <> ?"),
-                 title, masterId, budgetId) > 0)
-        return {BudgetStatus::TitleExists, oldTitle};
-    budgetDb.exec(QStringLiteral("UPDATE tblBudget SET Title = ? WHERE BudgetID = ?"), title, budgetId);
+    const std::optional<QString> title = renamedTitle(typed, isChild, masterTitle);
+    if (!title)
+        return {BudgetStatus::Refused, oldTitle};
+    budgetDb.exec(QStringLiteral("UPDATE tblBudget SET Title = ? WHERE BudgetID = ?"), *title, budgetId);
     tx.commit();
-    return {BudgetStatus::Ok, title};
+    return {BudgetStatus::Ok, *title};
 }

@@ -303,8 +303,7 @@ void frmBudgetManagement::nameEdited(QTreeWidgetItem* item, int column) {
 
 void frmBudgetManagement::applyRename(int budgetId, const QString& typed) {
     try {
-        // A rename is not held to the uniqueness of titles that saving a budget is.
-        renameBudget(ctx_.budgetDb, budgetId, typed, false);
+        renameBudget(ctx_.budgetDb, budgetId, typed);
     } catch (const std::exception&) {
         // The title stays as stored; the list below shows it so.
     }
@@ -396,12 +395,13 @@ void frmBudgetManagement::cmdDel_Click() {
     }
     const bool child = selectedId_ != selectedMasterId_;
     const QString question = child ? BudgetText::ConfirmDelete : BudgetText::ConfirmDeleteMaster;
-    if (ctx_.dialogs.question(question) != Answer::Yes)
-        return;
-    try {
-        deleteBudget(ctx_.budgetDb, selectedId_);
-    } catch (const std::exception& e) {
-        reportFailure(QStringLiteral("cmdDel_Click"), e);
+    // The list is read again whatever the answer.
+    if (ctx_.dialogs.question(question) == Answer::Yes) {
+        try {
+            deleteBudget(ctx_.budgetDb, selectedId_);
+        } catch (const std::exception& e) {
+            reportFailure(QStringLiteral("cmdDel_Click"), e);
+        }
     }
     RefreshBudgetList();
 }

@@ -3,6 +3,7 @@
 #include "app/BalloonText.h"
 
 #include <QAbstractButton>
+#include <QCursor>
 #include <QEvent>
 #include <QGroupBox>
 #include <QHelpEvent>
@@ -33,6 +34,9 @@ QString captionOf(const QWidget* control) {
 HoverHints::HoverHints(QLabel* hintLabel, QObject* parent)
     : QObject(parent) {
     setHintLabel(hintLabel);
+    balloonDelay_.setSingleShot(true);
+    balloonDelay_.setInterval(BalloonDelayMs);
+    connect(&balloonDelay_, &QTimer::timeout, this, &HoverHints::showBalloon);
 }
 
 void HoverHints::setHintLabel(QLabel* hintLabel) {
@@ -60,13 +64,9 @@ bool HoverHints::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::Hide:
             HideHoverHint(control);
             break;
-        case QEvent::ToolTip: {
-            // The balloon also for disabled controls, which explain why they are.
-            auto* help = static_cast<QHelpEvent*>(event);
-            if (!control->toolTip().isEmpty())
-                QToolTip::showText(help->globalPos(), control->toolTip(), control, QRect(), BalloonVisibleMs);
+        case QEvent::ToolTip:
+            // The balloon keeps its own time, also for disabled controls, which explain why they are.
             return true;
-        }
         default:
             break;
         }
@@ -78,12 +78,21 @@ void HoverHints::ShowHoverHint(QWidget* control) {
     current_ = control;
     if (label_)
         label_->setText(hintOf(control));
+    balloonDelay_.start();
 }
 
 void HoverHints::HideHoverHint(QWidget* control) {
     if (current_ != control)
         return;
     current_ = nullptr;
+    balloonDelay_.stop();
+    if (QToolTip::isVisible())
+        QToolTip::hideText();
     if (label_)
         label_->setText(restingText_);
+}
+
+void HoverHints::showBalloon() {
+    if (current_ && !current_->toolTip().isEmpty())
+        QToolTip::showText(QCursor::pos(), current_->toolTip(), current_, QRect(), BalloonVisibleMs);
 }

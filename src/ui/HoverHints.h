@@ -1,10 +1,11 @@
 #pragma once
 // The hint of the control under the pointer: it goes into the form's hint label
 // while the pointer is over the control, and shows as a balloon (a tool tip whose
-// first line, the control's caption, is bold).
+// first line, the control's caption, is bold) half a second after the pointer arrives.
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QTimer>
 
 class QLabel;
 class QWidget;
@@ -28,10 +29,13 @@ protected:
 private:
     void ShowHoverHint(QWidget* control);
     void HideHoverHint(QWidget* control);
+    void showBalloon();
 
     QPointer<QLabel> label_;
     QString restingText_;
     QPointer<QWidget> current_;
+    // The balloon waits a moment after the pointer arrives, and stays a few seconds.
+    QTimer balloonDelay_;
 };
 
 // The hint a control was given; "" when none.

@@ -276,10 +276,10 @@ void BudgetManagementFormTest::renameInPlace_data() {
                             << "Gamma's"
                             << "Gammas"
                             << "Gammas";
-    QTest::newRow("orphan loses its leading point") << "orphan"
-                                                    << ".Found"
-                                                    << "Found"
-                                                    << ".Found";
+    QTest::newRow("orphan keeps its title") << "orphan"
+                                            << ".Found"
+                                            << "Lost"
+                                            << ".Lost";
     // No uniqueness test on a rename.
     QTest::newRow("title used by its sibling") << "north"
                                                << "Alpha.South"
@@ -459,13 +459,15 @@ void BudgetManagementFormTest::deleteMasterTakesItsFamily() {
 }
 
 void BudgetManagementFormTest::deleteAnsweredNoLeavesEverything() {
-    const QString before = f_->budgetDump();
     QVERIFY(form_->SelectBudget(alpha_));
+    // A budget written meanwhile shows up: the list is read again whatever the answer.
+    f_->master(QStringLiteral("Meanwhile"), Account, 0);
+    const QString before = f_->budgetDump();
     f_->dialogs.answers = {Answer::No};
     form_->cmdDel_Click();
     QCOMPARE(f_->dialogs.messages.size(), size_t(1));
     QCOMPARE(f_->budgetDump(), before);
-    QCOMPARE(form_->list()->topLevelItemCount(), 5);
+    QCOMPARE(form_->list()->topLevelItemCount(), 6);
 }
 
 void BudgetManagementFormTest::deleteChildAndTheDeleteKey() {

@@ -8,11 +8,13 @@
 #include "ui/uctHeader.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QEnterEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace {
@@ -82,10 +84,19 @@ void StripsTest::hoverHintGoesIntoTheHintLabelAndBack() {
     hints.watch(&button, QStringLiteral("Create from project"));
     QCOMPARE(hintOf(&button), QStringLiteral("Create from project"));
     QVERIFY(button.toolTip().contains(QStringLiteral("<b>Create</b>")));
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    QElapsedTimer waited;
+    waited.start();
     hover(&button);
     QCOMPARE(hintLine.text(), QStringLiteral("Create from project"));
+    // The balloon waits half a second before it shows.
+    QVERIFY(!QToolTip::isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(QToolTip::isVisible(), 3000);
+    QVERIFY(waited.elapsed() >= 450);
     leave(&button);
     QCOMPARE(hintLine.text(), QStringLiteral("Help"));
+    QTRY_VERIFY(!QToolTip::isVisible());
 }
 
 void StripsTest::headerTitleWritesBothTitles() {
