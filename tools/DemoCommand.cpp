@@ -1,14 +1,30 @@
 #include "tools/DemoCommand.h"
 
 #include "data/Database.h"
+#include "data/ProjectHistory.h"
 #include "tools/DemoBudgets.h"
 #include "tools/DemoGenerator.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <cstdio>
 #include <exception>
 
 namespace {
+
+// The newest regular bill of each account, in the order of the accounts.
+QStringList latestBillPerAccount(const DemoSummary& summary) {
+    QStringList latest;
+    for (const QString& account : summary.accounts) {
+        QString newest;
+        for (const QString& bill : summary.bills)
+            if (QFileInfo(bill).fileName().startsWith(account + QLatin1Char('_')) && bill > newest)
+                newest = bill;
+        if (!newest.isEmpty())
+            latest << newest;
+    }
+    return latest;
+}
 
 const char* const DemoUsage =
     "usage: vantrel-cli demo DIR [--seed S] [--accounts N] [--bills N] [--lines-per-bill N]\n"
@@ -91,6 +107,10 @@ int demoCommand(const QStringList& args) {
                         static_cast<long long>(a.costCentres.size()));
             std::fflush(stdout);
         });
+        // A first start offers the latest bill of each account under "Select".
+        const QStringList latest = latestBillPerAccount(summary);
+        if (!latest.isEmpty() && !SaveHistory(summary.appFolder, latest.first(), latest.mid(1)))
+            throw std::runtime_error("the list of recent projects could not be written");
     } catch (const std::exception& e) {
         std::fprintf(stderr, "vantrel-cli demo: %s\n", e.what());
         return 1;

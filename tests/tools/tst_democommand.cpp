@@ -1,6 +1,7 @@
 #include "DemoQueries.h"
 #include "TempDir.h"
 #include "TestRegistry.h"
+#include "data/ProjectHistory.h"
 #include "tools/DemoCommand.h"
 #include "tools/DemoGenerator.h"
 
@@ -150,6 +151,13 @@ void DemoCommandTest::writesInstallation() {
                            .arg(levelMaster),
                        account),
             centres);
+    }
+    // The recent projects hold each account's newest bill (the third of three).
+    const QStringList recent = LoadHistory(target + "/AppFolder");
+    QCOMPARE(recent.size(), 2);
+    for (const QString& path : recent) {
+        const QString name = QFileInfo(path).fileName();
+        QCOMPARE(regularProjects(target + "/Projects", name.section(QLatin1Char('_'), 0, 0)).last(), name);
     }
 }
 
