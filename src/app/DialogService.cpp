@@ -2,14 +2,16 @@
 
 #include <cstdio>
 
-void RecordingDialogService::message(const QString& text, MessageIcon icon, const QString&) {
-    messages.push_back({text, icon});
+void RecordingDialogService::message(const QString& text, MessageIcon icon, const QString&,
+                                     const QString& details) {
+    messages.push_back({text, icon, details});
     if (echoToStderr)
-        std::fprintf(stderr, "%s\n", qPrintable(text));
+        std::fprintf(stderr, "%s\n",
+                     qPrintable(details.isEmpty() ? text : text + QStringLiteral("\n\n") + details));
 }
 
 Answer RecordingDialogService::question(const QString& text, const QString&) {
-    messages.push_back({text, MessageIcon::Question});
+    messages.push_back({text, MessageIcon::Question, QString()});
     if (answers.empty())
         return Answer::No;
     const Answer a = answers.front();
@@ -27,6 +29,15 @@ QString RecordingDialogService::openFile(const QString&, const QString&, const Q
 
 QString RecordingDialogService::saveFile(const QString& title, const QString& filter, const QString&) {
     return openFile(title, filter, QString());
+}
+
+PrintChoice RecordingDialogService::printDialog(const QString& documentName) {
+    printDocuments << documentName;
+    if (printChoices.empty())
+        return {};
+    PrintChoice choice = printChoices.front();
+    printChoices.pop_front();
+    return choice;
 }
 
 QStringList RecordingDialogService::texts() const {

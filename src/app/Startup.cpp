@@ -41,12 +41,16 @@ bool startInstallation(AppContext& ctx, std::unique_ptr<cPathControl> paths) {
         LogError(*ctx.paths, QStringLiteral("OpenStores"), 0,
                  QStringLiteral("unreadable store kept as %1 and replaced by its template").arg(aside));
     if (!report.ok) {
-        QString text = storesMissingMessage();
+        // The box says what it always says; which stores failed, and why, go to the error log
+        // and to the box's details.
+        QStringList details;
         if (!ctx.paths->pathsFileProblem().isEmpty())
-            text += QStringLiteral("\n\n") + ctx.paths->pathsFileProblem();
-        if (!report.problems.isEmpty())
-            text += QStringLiteral("\n\n") + report.problems.join(QLatin1Char('\n'));
-        ctx.dialogs.critical(text);
+            details << ctx.paths->pathsFileProblem();
+        details << report.problems;
+        for (const QString& problem : details)
+            LogError(*ctx.paths, QStringLiteral("OpenStores"), 0, problem);
+        ctx.dialogs.message(storesMissingMessage(), MessageIcon::Critical, QString(),
+                            details.join(QLatin1Char('\n')));
         return false;
     }
     UpgradeStores(ctx.budgetDb, ctx.trendDb);

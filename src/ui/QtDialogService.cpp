@@ -1,8 +1,13 @@
 #include "ui/QtDialogService.h"
 
+#include "ui/ChoosePrinter.h"
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPageLayout>
+#include <QPrinter>
+#include <algorithm>
 
 namespace {
 
@@ -43,7 +48,8 @@ QString qtFilter(const QString& filter) {
 
 } // namespace
 
-void QtDialogService::message(const QString& text, MessageIcon icon, const QString& title) {
+void QtDialogService::message(const QString& text, MessageIcon icon, const QString& title,
+                              const QString& details) {
     QMessageBox::Icon boxIcon = QMessageBox::NoIcon;
     switch (icon) {
     case MessageIcon::Information:
@@ -62,6 +68,7 @@ void QtDialogService::message(const QString& text, MessageIcon icon, const QStri
         break;
     }
     QMessageBox box(boxIcon, captionOr(title), text, QMessageBox::Ok, activeParent());
+    box.setDetailedText(details);
     box.exec();
 }
 
@@ -77,4 +84,25 @@ QString QtDialogService::openFile(const QString& title, const QString& filter, c
 
 QString QtDialogService::saveFile(const QString& title, const QString& filter, const QString& suggested) {
     return QFileDialog::getSaveFileName(activeParent(), title, suggested, qtFilter(filter));
+}
+
+PrintChoice QtDialogService::printDialog(const QString& documentName) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(documentName);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    if (!ChoosePrinter(printer, activeParent()))
+        return {};
+    PrintChoice choice;
+    if (printer.outputFormat() == QPrinter::PdfFormat) {
+        if (printer.outputFileName().isEmpty())
+            return {};
+        choice.target = PrintChoice::Target::PdfFile;
+        choice.pdfPath = printer.outputFileName();
+    } else {
+        choice.target = PrintChoice::Target::Printer;
+        choice.printerName = printer.printerName();
+    }
+    choice.copies = std::max(1, printer.copyCount());
+    choice.pageSize = printer.pageLayout().pageSize();
+    return choice;
 }

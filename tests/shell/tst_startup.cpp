@@ -128,9 +128,10 @@ void StartupTest::missingStoreEndsTheProgramWithoutMenu() {
     QVERIFY(!menu);
     QCOMPARE(int(inst.dialogs.messages.size()), 1);
     QCOMPARE(inst.dialogs.messages[0].icon, MessageIcon::Critical);
-    QVERIFY(inst.dialogs.messages[0].text.startsWith(
+    QCOMPARE(
+        inst.dialogs.messages[0].text,
         QStringLiteral("Required files are missing, please ensure Meridane is installed in the same folder.\n"
-                       "Program can not continue.")));
+                       "Program can not continue."));
     QCOMPARE(visibleWindows("frmMenu"), 0);
     QCOMPARE(visibleWindows("frmSplash"), 0);
     QVERIFY(!inst.ctx.trendDb.isOpen());
