@@ -28,11 +28,6 @@
 
 namespace {
 
-struct ButtonText {
-    const char* caption;
-    const char* hint;
-};
-
 constexpr ButtonText PeriodicTexts[frmBudgetReports::ChargeButtons] = {
     {"Total Charges", "Periodic total charges report"},
     {"Usage Charges", "Periodic usage charges report"},
@@ -64,20 +59,6 @@ constexpr int ButtonViews[frmBudgetReports::ChargeButtons] = {BudgetView::Total,
 
 // Beside its id (the item data), each budget of the list keeps its cost-centre level.
 constexpr int LevelRole = Qt::UserRole + 1;
-
-QPushButton* reportButton(const QString& name, const char* caption, QWidget* parent) {
-    auto* button = new QPushButton(QString::fromUtf8(caption), parent);
-    button->setObjectName(name);
-    button->setMinimumHeight(40);
-    button->setCursor(Qt::PointingHandCursor);
-    return button;
-}
-
-QLabel* fieldLabel(const QString& name, const QString& caption, QWidget* parent) {
-    auto* label = new QLabel(caption, parent);
-    label->setObjectName(name);
-    return label;
-}
 
 } // namespace
 

@@ -28,11 +28,6 @@
 
 namespace {
 
-struct ButtonText {
-    const char* caption;
-    const char* hint;
-};
-
 constexpr ButtonText TrendButtonTexts[frmTrendReports::TrendButtons] = {
     {"Total Charges Trend", "Total charges trend report showing breakdown of charges"},
     {"Service Type Trend", "Service type trend report"},
@@ -50,20 +45,6 @@ constexpr ButtonText TopButtonTexts[frmTrendReports::TopButtons] = {
 
 // The chart type of the top-10 report that each of its buttons asks for.
 constexpr int TopChartTypes[frmTrendReports::TopButtons] = {5, 2, 1, 6};
-
-QPushButton* reportButton(const QString& name, const char* caption, QWidget* parent) {
-    auto* button = new QPushButton(QString::fromUtf8(caption), parent);
-    button->setObjectName(name);
-    button->setMinimumHeight(40);
-    button->setCursor(Qt::PointingHandCursor);
-    return button;
-}
-
-QLabel* fieldLabel(const QString& name, const QString& caption, QWidget* parent) {
-    auto* label = new QLabel(caption, parent);
-    label->setObjectName(name);
-    return label;
-}
 
 void fillLevels(QComboBox* list, bool withNoFilter) {
     list->clear();

@@ -2,6 +2,8 @@
 
 #include "ui/uctFooter.h"
 
+#include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 void layOutFormPage(QWidget* form, uctHeader* header, QLayout* body, uctFooter* footer) {
@@ -30,4 +32,18 @@ void setUpFormStrips(uctHeader* header, uctHeader::Type type, const QString& det
             onExit();
     });
     QObject::connect(footer, &uctFooter::HelpClicked, footer, [onHelp] { onHelp(); });
+}
+
+QPushButton* reportButton(const QString& name, const char* caption, QWidget* parent) {
+    auto* button = new QPushButton(QString::fromUtf8(caption), parent);
+    button->setObjectName(name);
+    button->setMinimumHeight(40);
+    button->setCursor(Qt::PointingHandCursor);
+    return button;
+}
+
+QLabel* fieldLabel(const QString& name, const QString& caption, QWidget* parent) {
+    auto* label = new QLabel(caption, parent);
+    label->setObjectName(name);
+    return label;
 }

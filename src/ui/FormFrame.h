@@ -8,8 +8,20 @@
 
 class QLabel;
 class QLayout;
+class QPushButton;
 class QWidget;
 class uctFooter;
+
+// A button's caption and the hint it shows under the pointer.
+struct ButtonText {
+    const char* caption;
+    const char* hint;
+};
+
+// A big button of a menu form, named for the tests and the hover hints.
+QPushButton* reportButton(const QString& name, const char* caption, QWidget* parent);
+// A named label.
+QLabel* fieldLabel(const QString& name, const QString& caption, QWidget* parent);
 
 // Lays the form out as header, body (taking the spare height), footer.
 void layOutFormPage(QWidget* form, uctHeader* header, QLayout* body, uctFooter* footer);
