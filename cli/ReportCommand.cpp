@@ -4,6 +4,7 @@
 #include "data/Project.h"
 #include "data/ReferenceData.h"
 #include "output/GridSort.h"
+#include "output/ReportWorkbook.h"
 #include "output/gui/ReportImage.h"
 #include "reports/BudgetReportChoices.h"
 #include "reports/ReportCatalogue.h"
@@ -31,14 +32,15 @@ int reportCommand(AppContext& ctx, const QStringList& args) {
         std::fprintf(
             stderr,
             "vantrel-cli report: %s\nusage: vantrel-cli report NUMBER --project PROJECT [--level L --value V "
-            "--view N --service S --chart-type T --budget ID|TITLE --sort COL[:desc]] --format csv|png "
+            "--view N --service S --chart-type T --budget ID|TITLE --sort COL[:desc]] --format csv|png|xlsx "
             "--out FILE\n",
             qPrintable(error));
         return 2;
     }
     const bool png = request->format == QLatin1String("png");
-    if (request->format != QLatin1String("csv") && !png)
-        return fail(QStringLiteral("the %1 format is not available yet; use --format csv or --format png")
+    const bool xlsx = request->format == QLatin1String("xlsx");
+    if (request->format != QLatin1String("csv") && !png && !xlsx)
+        return fail(QStringLiteral("the %1 format is not available yet; use --format csv, png or xlsx")
                         .arg(request->format));
     // Charts are drawn with the desktop program's widgets.
     if (png && !qobject_cast<QApplication*>(QCoreApplication::instance()))
@@ -81,8 +83,9 @@ int reportCommand(AppContext& ctx, const QStringList& args) {
     }
     if (png && ctx.paths)
         LoadBrandFont(ctx.paths->AppFolder); // the images speak the program's type, as its windows do
-    const bool written = png ? writeReportPng(*result.report, ctx.colours, request->out, &error)
-                             : writeReportCsv(*result.report, request->out, &error);
+    const bool written = png    ? writeReportPng(*result.report, ctx.colours, request->out, &error)
+                         : xlsx ? writeReportWorkbook(*result.report, request->out, workbookLook(ctx), &error)
+                                : writeReportCsv(*result.report, request->out, &error);
     if (!written)
         return fail(QStringLiteral("cannot write %1: %2").arg(request->out, error));
     std::printf("%s\nwritten to %s\n", qPrintable(result.report->caption), qPrintable(request->out));

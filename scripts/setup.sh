@@ -9,7 +9,7 @@ VANTREL_PACKAGES=(
   cmake g++ ninja-build pkg-config qt6-base-dev qt6-charts-dev libqt6opengl6-dev libxkbcommon-dev
   libsqlite3-dev libxlsxwriter-dev mdbtools-dev
   # tests and tools
-  sqlite3 xvfb poppler-utils fonts-crosextra-carlito mdbtools
+  sqlite3 xvfb poppler-utils fonts-crosextra-carlito mdbtools python3-openpyxl
 )
 
 say() { printf '==> %s\n' "$*"; }

@@ -2,7 +2,10 @@
 #include "ui/FormFrame.h"
 
 #include "app/AppContext.h"
+#include "app/DialogService.h"
+#include "app/ErrorLog.h"
 #include "app/HelpTopics.h"
+#include "output/ReportWorkbook.h"
 #include "output/gui/ReportProgressDialog.h"
 #include "reports/ReportNavigation.h"
 #include "ui/Branding.h"
@@ -14,9 +17,13 @@
 #include "ui/uctFooter.h"
 #include "ui/uctHeader.h"
 
+#include <QDesktopServices>
+#include <QDir>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
+#include <QStandardPaths>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace {
@@ -61,11 +68,15 @@ ReportWindow::ReportWindow(AppContext& ctx, ReportSession& session, QWidget* par
     footer_->RegisterButton(lblExcel_);
     footer_->RegisterButton(lblPrint_);
     footer_->hints()->watch(lblPrevious_, QStringLiteral("Return to previous level of report"));
-    // The outputs are not part of this version; the buttons say so rather than pretend.
-    for (ClickableLabel* output : {lblExcel_, lblPrint_}) {
-        footer_->hints()->watch(output, ReportWindowText::OutputLater);
-        output->setEnabled(false);
-    }
+    // Printing is not part of this version; its button says so rather than pretend.
+    footer_->hints()->watch(lblPrint_, ReportWindowText::OutputLater);
+    lblPrint_->setEnabled(false);
+    footer_->hints()->watch(lblExcel_, ReportWindowText::ExcelHint);
+    connect(lblExcel_, &ClickableLabel::clicked, this, &ReportWindow::cmdOutputExcel_Click);
+    openWorkbook_ = [](const QString& file) {
+        if (QGuiApplication::platformName() != QLatin1String("offscreen"))
+            QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    };
     connect(lblPrevious_, &ClickableLabel::clicked, this, &ReportWindow::cmdPrevReport_Click);
     connect(footer_, &uctFooter::ButtonClicked, this, [this](int value) {
         if (value == uctFooter::ExitButton)
@@ -152,6 +163,36 @@ void ReportWindow::cmdPrevReport_Click() {
     ReportResult result = navigate([this](ReportContext& rc) { return ShowPreviousReport(rc, session_); });
     if (result.shown())
         moveTo(std::move(*result.report));
+}
+
+void ReportWindow::cmdOutputExcel_Click() {
+    // The report's title names the file, less what a file name cannot hold.
+    QString name = report_.caption.isEmpty() ? QStringLiteral("Report") : report_.caption;
+    for (const QChar bad : QStringLiteral("/\\:*?\"<>|"))
+        name.replace(bad, QLatin1Char('-'));
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QString file = ctx_.dialogs.saveFile(QStringLiteral("Output to Excel"),
+                                         QStringLiteral("Excel Workbook (*.xlsx)|*.xlsx"),
+                                         QDir(folder).filePath(name + QStringLiteral(".xlsx")));
+    if (file.isEmpty())
+        return;
+    if (!file.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive))
+        file += QStringLiteral(".xlsx");
+    QString error;
+    bool written = false;
+    {
+        BusyCursor busy;
+        written = writeReportWorkbook(report_, file, workbookLook(ctx_), &error);
+    }
+    if (!written) {
+        if (ctx_.paths)
+            LogError(*ctx_.paths, objectName() + QStringLiteral(".cmdOutputExcel_Click"), 0,
+                     QStringLiteral("%1: %2").arg(file, error));
+        ctx_.dialogs.critical(ReportWindowText::ExcelFailed);
+        return;
+    }
+    if (openWorkbook_)
+        openWorkbook_(file);
 }
 
 void ReportWindow::cmdExit_Click() {

@@ -3,6 +3,7 @@
 // the way back through the levels (Previous Report) and out of the reports (Back), and
 // the hand-over to another window when the user moves to a report that another kind of
 // window shows.
+#include "output/ReportDisclaimer.h"
 #include "reports/Report.h"
 #include "reports/ReportContext.h"
 
@@ -19,11 +20,10 @@ struct AppContext;
 struct ReportSession;
 
 namespace ReportWindowText {
-inline const QString Disclaimer =
-    QStringLiteral("This report reflects information from your Zandel billing data and is indicative only.  "
-                   "Totals may differ from the Invoice by less than 5 pence due to rounding");
-inline const QString OutputLater =
-    QStringLiteral("Output to Excel, printer and PDF comes with a later version");
+inline const QString Disclaimer = ReportDisclaimer;
+inline const QString ExcelHint = QStringLiteral("Outputs report to Microsoft Excel spreadsheet");
+inline const QString ExcelFailed = QStringLiteral("Error While Outputing to Excel");
+inline const QString OutputLater = QStringLiteral("Output to printer and PDF comes with a later version");
 } // namespace ReportWindowText
 
 class ReportWindow : public QDialog {
@@ -44,10 +44,19 @@ public:
     QLabel* noteLabel() const { return lblNote_; }
     QLabel* disclaimerLabel() const { return lblDisclaimer_; }
     ClickableLabel* previousButton() const { return lblPrevious_; }
+    ClickableLabel* excelButton() const { return lblExcel_; }
+
+    // Opens a written workbook; by default the desktop's application for it, except off
+    // screen, where nobody would see it.
+    void setWorkbookOpener(std::function<void(const QString& file)> opener) {
+        openWorkbook_ = std::move(opener);
+    }
 
 public slots:
     // Goes back one level; the window stays as it is when that report cannot be shown.
     void cmdPrevReport_Click();
+    // Writes the report to a workbook the user names, then opens it.
+    void cmdOutputExcel_Click();
     // Leaves the reports: the levels behind are forgotten.
     void cmdExit_Click();
     // Closing the window in any other way (Escape, the window's own close) leaves too.
@@ -89,4 +98,5 @@ private:
     ClickableLabel* lblPrevious_;
     ClickableLabel* lblExcel_;
     ClickableLabel* lblPrint_;
+    std::function<void(const QString&)> openWorkbook_;
 };
