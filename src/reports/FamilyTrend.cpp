@@ -63,7 +63,10 @@ void fillFamilyTrend(Report& report, const std::vector<DateSums>& rows, const Pe
         if (col > 1) {
             const PercentCell cell = percent(previous, total);
             grid.setBold(PercentRow, col);
-            grid.setText(PercentRow, col, cell.text);
+            if (cell.ratio)
+                grid.setPercentText(PercentRow, col, cell.text, *cell.ratio);
+            else
+                grid.setText(PercentRow, col, cell.text);
             grid.setForeColor(PercentRow, col, cell.colour);
         }
         previous = total;

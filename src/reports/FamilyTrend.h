@@ -9,7 +9,8 @@
 
 struct PercentCell {
     QString text;
-    QColor colour; // invalid: the grid's own colour
+    QColor colour;               // invalid: the grid's own colour
+    std::optional<double> ratio; // the change the text shows; none for an empty cell
 };
 
 // Turns the previous and the present total into the text and colour of a percent cell.

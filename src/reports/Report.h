@@ -70,6 +70,12 @@ public:
     void setMoney(int row, int col, Money amount);
     // A ratio, shown by a percent format such as "0.00%" or "00.0%".
     void setPercent(int row, int col, double ratio, const QString& format);
+    // A ratio whose text the builder wrote itself (a signed change, for instance).
+    void setPercentText(int row, int col, const QString& text, double ratio) {
+        ReportCell& c = cell(row, col);
+        c.text = text;
+        c.value = Percent{ratio};
+    }
     // A date, shown as dd/mm/yyyy.
     void setDate(int row, int col, const Date& date);
     void setBold(int row, int col, bool bold = true) { cell(row, col).bold = bold; }

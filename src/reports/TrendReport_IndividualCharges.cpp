@@ -91,21 +91,27 @@ QString sumExpression(const QStringList& columns) {
 }
 
 // A rise is positive and a fall negative whatever the sign of the previous total; the
-// change is held to the four decimals of money.
-QString percentText(Money previous, Money present) {
+// change is held to the four decimals of money. None for a change away from 0.
+std::optional<Money> percentChange(Money previous, Money present) {
     if (previous.isZero())
-        return present.isZero() ? QStringLiteral("0.00%") : QString();
+        return present.isZero() ? std::optional(Money()) : std::nullopt;
     Money pct = Money::fromDouble(double((present - previous).raw()) / double(previous.raw()) * 100.0);
     if ((present > previous && pct < Money()) || (present < previous && pct > Money()))
         pct = -pct;
-    return (pct > Money() ? QStringLiteral("+") : QString()) +
-           formatMoney(pct, QStringLiteral("###,###0.00")) + QStringLiteral("%");
+    return pct;
 }
 
-// The amount a percent cell shows, read back from its text.
-Money percentOfText(QString text) {
-    text.remove(QLatin1Char('%')).remove(QLatin1Char(',')).remove(QLatin1Char('+'));
-    return Money::parse(text).value_or(Money());
+// The change as its text shows it, to two decimals (half away from zero): a change that
+// shows as 0.00% takes no colour.
+Money shownHundredths(Money pct) {
+    const std::int64_t raw = pct.raw();
+    const std::int64_t hundredths = raw >= 0 ? (raw + 50) / 100 : -((-raw + 50) / 100);
+    return Money::fromRaw(hundredths * 100);
+}
+
+QString percentText(Money pct) {
+    return (pct > Money() ? QStringLiteral("+") : QString()) +
+           formatMoney(pct, QStringLiteral("###,###0.00")) + QStringLiteral("%");
 }
 
 } // namespace
@@ -171,7 +177,8 @@ ReportResult TrendReport_IndividualCharges(ReportContext& rc, int level, const Q
             // The family total as stored; a missing one cannot be compared.
             const Money total = requireAmount(row.sums.back());
             if (col > 1)
-                grid.setText(percentRow, col, percentText(previous, total));
+                if (const std::optional<Money> pct = percentChange(previous, total))
+                    grid.setPercentText(percentRow, col, percentText(*pct), pct->toDouble() / 100.0);
             previous = total;
             grid.column(col).widthTwips = DateColumnTwips;
             if (++col > TrendDateWindow)
@@ -214,8 +221,8 @@ ReportResult TrendReport_IndividualCharges(ReportContext& rc, int level, const Q
         for (int c = 1; c < grid.colCount(); ++c) {
             if (grid.text(totalRow, c).isEmpty())
                 continue;
-            if (!grid.text(percentRow, c).isEmpty())
-                pct = percentOfText(grid.text(percentRow, c));
+            if (const auto* shown = std::get_if<Percent>(&grid.cell(percentRow, c).value))
+                pct = shownHundredths(Money::fromDouble(shown->ratio * 100.0));
             grid.setBold(percentRow, c);
             if (pct < Money())
                 grid.setForeColor(percentRow, c, qColor(DecreaseColour));

@@ -141,11 +141,13 @@ ReportResult TrendReport_Service(ReportContext& rc, int level, const QString& va
                 pct = double((present - previous).raw()) / double(previous.raw()) * 100.0;
                 if ((present > previous && pct < 0) || (present < previous && pct > 0))
                     pct = -pct;
-                grid.setText(percentRow, c,
-                             (pct > 0 ? QStringLiteral("+") : QString()) +
-                                 formatNumber(pct, QStringLiteral("###,###0.00")) + QStringLiteral("%"));
+                grid.setPercentText(percentRow, c,
+                                    (pct > 0 ? QStringLiteral("+") : QString()) +
+                                        formatNumber(pct, QStringLiteral("###,###0.00")) +
+                                        QStringLiteral("%"),
+                                    pct / 100.0);
             } else if (present.isZero()) {
-                grid.setText(percentRow, c, QStringLiteral("0.00%"));
+                grid.setPercentText(percentRow, c, QStringLiteral("0.00%"), 0.0);
             }
             grid.setBold(percentRow, c);
             if (pct > 0)

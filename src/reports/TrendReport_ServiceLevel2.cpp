@@ -9,13 +9,14 @@ namespace {
 // 0 only "no change" shows.
 PercentCell serviceLevel2Percent(Money previous, Money present) {
     if (previous.isZero())
-        return present.isZero() ? PercentCell{QStringLiteral("0.00%"), QColor()} : PercentCell{};
+        return present.isZero() ? PercentCell{QStringLiteral("0.00%"), QColor(), 0.0} : PercentCell{};
     double pct = double((present - previous).raw()) / double(previous.raw()) * 100.0;
     if ((present > previous && pct < 0) || (present < previous && pct > 0))
         pct = -pct;
     PercentCell cell;
     cell.text = (pct > 0 ? QStringLiteral("+") : QString()) +
                 formatNumber(pct, QStringLiteral("###,###0.00")) + QStringLiteral("%");
+    cell.ratio = pct / 100.0;
     if (pct > 0)
         cell.colour = qColor(IncreaseColour);
     else if (pct < 0)

@@ -12,15 +12,16 @@ namespace {
 PercentCell totalChargesPercent(Money previous, Money present) {
     const auto pct = [&] { return double((present - previous).raw()) / double(previous.raw()) * 100.0; };
     if (present == previous)
-        return {QStringLiteral("0.00%"), QColor()};
+        return {QStringLiteral("0.00%"), QColor(), 0.0};
     if (previous.isZero())
         return {};
     if (present > previous) {
         const double rise = std::abs(pct());
         return {QStringLiteral("+") + formatNumber(rise, QStringLiteral("#0.00")) + QStringLiteral("%"),
-                qColor(IncreaseColour)};
+                qColor(IncreaseColour), rise / 100.0};
     }
-    return {formatNumber(pct(), QStringLiteral("#0.00")) + QStringLiteral("%"), qColor(DecreaseColour)};
+    return {formatNumber(pct(), QStringLiteral("#0.00")) + QStringLiteral("%"), qColor(DecreaseColour),
+            pct() / 100.0};
 }
 
 } // namespace
