@@ -132,11 +132,13 @@ void frmReport2::MSChart1_Click(int chart, int point) {
         moveTo(std::move(*result.report));
         return;
     }
-    // The level pushed for the move is taken back: this window still shows it.
-    session_.reportStack.Pop();
-    refreshPrevious();
     if (result.status == ReportStatus::NoData)
         ctx_.dialogs.information(ReportAreaText::NoRecords);
     else if (result.status != ReportStatus::NotProduced)
         ctx_.dialogs.critical(ReportAreaText::Failed);
+    // Back through the level pushed for the move: the charts are built again.
+    ReportResult back = navigate([&](ReportContext& rc) { return ShowPreviousReport(rc, session_); });
+    if (back.shown())
+        moveTo(std::move(*back.report));
+    refreshPrevious();
 }

@@ -1,8 +1,8 @@
 #include "ReportGuiHelpers.h"
 #include "TestRegistry.h"
 #include "output/frmReport2.h"
-#include "output/gui/ReportChartView.h"
 #include "output/ucReportArea.h"
+#include "render/ReportChartView.h"
 #include "reports/ReportNavigation.h"
 #include "reports/frmTrendReports.h"
 
@@ -201,12 +201,22 @@ void FrmReport2Test::chartClickWhoseReportFails() {
     setReportBuilder(ReportNumber::MonthlyDeviation, [status](ReportContext&, const ReportParams&) {
         return ReportResult{status, std::nullopt};
     });
+    // The way back builds the ten charts again from the level left on the stack.
+    ReportParams replayed;
+    setReportBuilder(ReportNumber::BudgetTop10CC, [&](ReportContext&, const ReportParams& params) {
+        replayed = params;
+        Report charts = budgetCharts(2);
+        charts.params = params;
+        return ReportResult{ReportStatus::Shown, charts};
+    });
     ReportSession session;
     session.currentReportNumber = ReportNumber::BudgetTop10CC;
     session.currentReportParams = {ReportNumber::BudgetTop10CC, 100};
     frmReport2 form(f.ctx, session, budgetCharts(2));
     form.show();
     form.MSChart1_Click(0, -1);
+    setReportBuilder(ReportNumber::BudgetTop10CC, {});
+    QCOMPARE(replayed, (ReportParams{ReportNumber::BudgetTop10CC, 100}));
     QVERIFY(form.isVisible());
     QCOMPARE(form.report().number, ReportNumber::BudgetTop10CC);
     QCOMPARE(session.reportStack.Count(), 0);
