@@ -1,17 +1,18 @@
 #include "cli/ReportCommand.h"
 
 #include "app/AppContext.h"
+#include "app/BrandFont.h"
 #include "data/Project.h"
 #include "data/ReferenceData.h"
 #include "output/GridSort.h"
 #include "output/ReportWorkbook.h"
-#include "output/gui/ReportImage.h"
+#include "render/ReportChartPainter.h"
+#include "render/ReportImage.h"
 #include "reports/BudgetReportChoices.h"
 #include "reports/ReportCatalogue.h"
 #include "reports/ReportCsv.h"
 #include "reports/ReportNavigation.h"
 #include "reports/ReportRequest.h"
-#include "ui/Branding.h"
 
 #include <QApplication>
 #include <cstdio>
@@ -32,19 +33,21 @@ int reportCommand(AppContext& ctx, const QStringList& args) {
         std::fprintf(
             stderr,
             "vantrel-cli report: %s\nusage: vantrel-cli report NUMBER --project PROJECT [--level L --value V "
-            "--view N --service S --chart-type T --budget ID|TITLE --sort COL[:desc]] --format csv|png|xlsx "
-            "--out FILE\n",
+            "--view N --service S --chart-type T --budget ID|TITLE --sort COL[:desc]] --format "
+            "csv|png|xlsx|pdf --out FILE\n",
             qPrintable(error));
         return 2;
     }
     const bool png = request->format == QLatin1String("png");
     const bool xlsx = request->format == QLatin1String("xlsx");
-    if (request->format != QLatin1String("csv") && !png && !xlsx)
-        return fail(QStringLiteral("the %1 format is not available yet; use --format csv, png or xlsx")
+    const bool pdf = request->format == QLatin1String("pdf");
+    if (request->format != QLatin1String("csv") && !png && !xlsx && !pdf)
+        return fail(QStringLiteral("the %1 format is not available yet; use --format csv, png, xlsx or pdf")
                         .arg(request->format));
-    // Charts are drawn with the desktop program's widgets.
-    if (png && !qobject_cast<QApplication*>(QCoreApplication::instance()))
-        return fail(QStringLiteral("png output needs the graphical libraries, which did not start"));
+    // Charts are drawn with the chart library's widgets.
+    if ((png || pdf) && !qobject_cast<QApplication*>(QCoreApplication::instance()))
+        return fail(QStringLiteral("%1 output needs the graphical libraries, which did not start")
+                        .arg(request->format));
     const ReportCatalogueEntry* entry = catalogueEntry(request->number);
     if (request->sortColumn && !entry->sortable)
         return fail(QStringLiteral("report %1 has no heading sort").arg(request->number));
@@ -81,11 +84,14 @@ int reportCommand(AppContext& ctx, const QStringList& args) {
         if (request->sortDescending)
             SortByHeading(grid, state, *request->sortColumn, ctx.colours);
     }
-    if (png && ctx.paths)
-        LoadBrandFont(ctx.paths->AppFolder); // the images speak the program's type, as its windows do
-    const bool written = png    ? writeReportPng(*result.report, ctx.colours, request->out, &error)
-                         : xlsx ? writeReportWorkbook(*result.report, request->out, workbookLook(ctx), &error)
-                                : writeReportCsv(*result.report, request->out, &error);
+    if ((png || pdf) && ctx.paths)
+        LoadBrandFont(ctx.paths->AppFolder); // images and pages speak the program's type, as its windows do
+    const QString folder = ctx.paths ? ctx.paths->AppFolder : QString();
+    const bool written =
+        png    ? writeReportPng(*result.report, ctx.colours, request->out, &error)
+        : pdf  ? writeReportPdf(*result.report, request->out, reportPageDecor(folder, ctx.colours), &error)
+        : xlsx ? writeReportWorkbook(*result.report, request->out, workbookLook(ctx), &error)
+               : writeReportCsv(*result.report, request->out, &error);
     if (!written)
         return fail(QStringLiteral("cannot write %1: %2").arg(request->out, error));
     std::printf("%s\nwritten to %s\n", qPrintable(result.report->caption), qPrintable(request->out));

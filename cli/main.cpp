@@ -6,11 +6,12 @@
 
 namespace {
 
-// Report images are drawn with the desktop program's chart widgets; every other command
-// runs on the core alone.
+// Report images and pages are drawn with the chart library's widgets; every other
+// command runs on the core alone.
 bool drawsImages(int argc, char** argv) {
     for (int i = 1; i + 1 < argc; ++i)
-        if (QByteArray(argv[i]) == "--format" && QByteArray(argv[i + 1]).toLower() == "png")
+        if (QByteArray(argv[i]) == "--format" &&
+            (QByteArray(argv[i + 1]).toLower() == "png" || QByteArray(argv[i + 1]).toLower() == "pdf"))
             return true;
     return false;
 }

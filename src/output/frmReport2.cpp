@@ -2,8 +2,8 @@
 
 #include "app/AppContext.h"
 #include "app/DialogService.h"
-#include "output/gui/ReportChartView.h"
 #include "output/ucReportArea.h"
+#include "render/ReportChartView.h"
 #include "reports/BudgetReports.h"
 #include "reports/ReportCatalogue.h"
 #include "reports/ReportNavigation.h"

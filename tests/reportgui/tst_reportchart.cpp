@@ -1,7 +1,7 @@
 #include "TestRegistry.h"
 #include "app/cColours.h"
-#include "output/gui/ReportChartBuilder.h"
-#include "output/gui/ReportChartView.h"
+#include "render/ReportChartBuilder.h"
+#include "render/ReportChartView.h"
 #include "reports/Report.h"
 #include "ui/ControlColours.h"
 

@@ -1,7 +1,7 @@
 #include "TempDir.h"
 #include "TestRegistry.h"
 #include "app/cColours.h"
-#include "output/gui/ReportImage.h"
+#include "render/ReportImage.h"
 #include "reports/Report.h"
 
 #include <QImage>

@@ -6,6 +6,7 @@
 #include "app/ErrorLog.h"
 #include "app/HelpTopics.h"
 #include "output/ReportWorkbook.h"
+#include "output/gui/ReportPagesPrint.h"
 #include "output/gui/ReportProgressDialog.h"
 #include "reports/ReportNavigation.h"
 #include "ui/Branding.h"
@@ -68,9 +69,8 @@ ReportWindow::ReportWindow(AppContext& ctx, ReportSession& session, QWidget* par
     footer_->RegisterButton(lblExcel_);
     footer_->RegisterButton(lblPrint_);
     footer_->hints()->watch(lblPrevious_, QStringLiteral("Return to previous level of report"));
-    // Printing is not part of this version; its button says so rather than pretend.
-    footer_->hints()->watch(lblPrint_, ReportWindowText::OutputLater);
-    lblPrint_->setEnabled(false);
+    footer_->hints()->watch(lblPrint_, ReportPrintText::Hint);
+    connect(lblPrint_, &ClickableLabel::clicked, this, &ReportWindow::cmdOutputPrinter_Click);
     footer_->hints()->watch(lblExcel_, ReportWindowText::ExcelHint);
     connect(lblExcel_, &ClickableLabel::clicked, this, &ReportWindow::cmdOutputExcel_Click);
     openWorkbook_ = [](const QString& file) {
@@ -193,6 +193,10 @@ void ReportWindow::cmdOutputExcel_Click() {
     }
     if (openWorkbook_)
         openWorkbook_(file);
+}
+
+void ReportWindow::cmdOutputPrinter_Click() {
+    OutputReportToPrinter(ctx_, report_, objectName());
 }
 
 void ReportWindow::cmdExit_Click() {

@@ -23,7 +23,6 @@ namespace ReportWindowText {
 inline const QString Disclaimer = ReportDisclaimer;
 inline const QString ExcelHint = QStringLiteral("Outputs report to Microsoft Excel spreadsheet");
 inline const QString ExcelFailed = QStringLiteral("Error While Outputing to Excel");
-inline const QString OutputLater = QStringLiteral("Output to printer and PDF comes with a later version");
 } // namespace ReportWindowText
 
 class ReportWindow : public QDialog {
@@ -45,6 +44,7 @@ public:
     QLabel* disclaimerLabel() const { return lblDisclaimer_; }
     ClickableLabel* previousButton() const { return lblPrevious_; }
     ClickableLabel* excelButton() const { return lblExcel_; }
+    ClickableLabel* printButton() const { return lblPrint_; }
 
     // Opens a written workbook; by default the desktop's application for it, except off
     // screen, where nobody would see it.
@@ -57,6 +57,8 @@ public slots:
     void cmdPrevReport_Click();
     // Writes the report to a workbook the user names, then opens it.
     void cmdOutputExcel_Click();
+    // Prints the report where the print dialog says: a printer or a PDF file.
+    void cmdOutputPrinter_Click();
     // Leaves the reports: the levels behind are forgotten.
     void cmdExit_Click();
     // Closing the window in any other way (Escape, the window's own close) leaves too.

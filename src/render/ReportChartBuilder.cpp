@@ -1,9 +1,9 @@
-#include "output/gui/ReportChartBuilder.h"
+#include "render/ReportChartBuilder.h"
 
+#include "app/BrandFont.h"
 #include "app/cColours.h"
+#include "render/ChartColours.h"
 #include "reports/Report.h"
-#include "ui/Branding.h"
-#include "ui/ControlColours.h"
 
 #include <QBarCategoryAxis>
 #include <QBarSeries>

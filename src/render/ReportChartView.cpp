@@ -1,6 +1,6 @@
-#include "output/gui/ReportChartView.h"
+#include "render/ReportChartView.h"
 
-#include "output/gui/ReportChartBuilder.h"
+#include "render/ReportChartBuilder.h"
 
 #include <QAbstractBarSeries>
 #include <QBarSet>

@@ -1,6 +1,6 @@
-#include "output/gui/ReportImage.h"
+#include "render/ReportImage.h"
 
-#include "output/gui/ReportChartBuilder.h"
+#include "render/ReportChartBuilder.h"
 #include "reports/Report.h"
 
 #include <QChart>
