@@ -6,6 +6,7 @@
 #include "app/cPathControl.h"
 #include "cli/BudgetCommands.h"
 #include "cli/ConvertCommand.h"
+#include "cli/PackCommand.h"
 #include "cli/ReportCommand.h"
 #include "cli/TrendCommands.h"
 #include "tools/DemoCommand.h"
@@ -30,9 +31,12 @@ const char* const Usage =
     "      list the trend entries of the project's account with their totals\n"
     "  convert ACCESS_FILE OUT.sqlite\n"
     "      write every table of an Access file, as the program reads it, to a SQLite file\n"
-    "  report NUMBER --project PROJECT [--level L --value V --view N --service S --chart-type T]\n"
-    "         --format csv|png --out FILE\n"
-    "      build trend report 1 to 5 as the program would and write its grid and chart data\n"
+    "  report NUMBER --project PROJECT [--level L --value V --view N --service S --chart-type T\n"
+    "         --budget ID|TITLE --sort COL[:desc]] --format csv|png|xlsx|pdf --out FILE\n"
+    "      build any of the ten reports as the program would and write it\n"
+    "  pack --project PROJECT [--budget ID|TITLE] --out FILE.pdf|FILE.xlsx\n"
+    "      every trend report of the project and, with a budget, every budget report, in one\n"
+    "      PDF (a contents page, numbered pages) or one workbook (a sheet per report)\n"
     "  stores\n"
     "      open the installation's stores as the program does at start and say what was found\n"
     "\n"
@@ -109,6 +113,8 @@ int runCli(const QStringList& arguments) {
         return withInstallation(appFolder, [&](AppContext& ctx) { return budgetRenameCommand(ctx, args); });
     if (command == QLatin1String("report"))
         return withInstallation(appFolder, [&](AppContext& ctx) { return reportCommand(ctx, args); });
+    if (command == QLatin1String("pack"))
+        return withInstallation(appFolder, [&](AppContext& ctx) { return packCommand(ctx, args); });
     if (command == QLatin1String("stores"))
         return withInstallation(appFolder, storesCommand);
     return usageError(QStringLiteral("unknown command '%1'").arg(command));

@@ -9,10 +9,14 @@ namespace {
 // Report images and pages are drawn with the chart library's widgets; every other
 // command runs on the core alone.
 bool drawsImages(int argc, char** argv) {
-    for (int i = 1; i + 1 < argc; ++i)
-        if (QByteArray(argv[i]) == "--format" &&
-            (QByteArray(argv[i + 1]).toLower() == "png" || QByteArray(argv[i + 1]).toLower() == "pdf"))
+    for (int i = 1; i + 1 < argc; ++i) {
+        const QByteArray option(argv[i]);
+        const QByteArray value = QByteArray(argv[i + 1]).toLower();
+        if (option == "--format" && (value == "png" || value == "pdf"))
             return true;
+        if (option == "--out" && value.endsWith(".pdf"))
+            return true;
+    }
     return false;
 }
 

@@ -55,6 +55,7 @@ public:
                 return false;
             }
             const PlannedPage& page = plan.pages[i];
+            page_ = int(i);
             header();
             if (!page.chart.isNull() && decor_.paintChart)
                 chart(page.chart, report_.charts.front());
@@ -102,6 +103,13 @@ private:
         painter_.drawText(QRectF(side, top + pt_(PagePoints::FooterGap), frame_.size.width() - 2 * side,
                                  pt_(PagePoints::FooterRule - PagePoints::FooterGap)),
                           Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, ReportDisclaimer);
+        if (decor_.firstPageNumber > 0) {
+            painter_.drawText(
+                QRectF(0, top + pt_(PagePoints::FooterGap), frame_.size.width() - side,
+                       pt_(PagePoints::FooterRule - PagePoints::FooterGap)),
+                Qt::AlignRight | Qt::AlignBottom,
+                QStringLiteral("Page %1 of %2").arg(decor_.firstPageNumber + page_).arg(decor_.pageCount));
+        }
     }
 
     void chart(const QRectF& place, const ReportChart& chart) {
@@ -195,6 +203,7 @@ private:
     QPainter& painter_;
     const Report& report_;
     const PageDecor& decor_;
+    int page_ = 0; // the page being painted, from 0
     PageFrame frame_;
     Units pt_;
 };
@@ -284,6 +293,74 @@ bool writeReportPdf(const Report& report, const QString& path, const PageDecor& 
         writer.setCreator(QStringLiteral("Vantrel"));
         setReportPageLayout(writer, decor.pageSize);
         if (!paintReportPages(writer, report, decor, error)) {
+            file.cancelWriting();
+            return false;
+        }
+    }
+    if (!file.commit()) {
+        if (error)
+            *error = file.errorString();
+        return false;
+    }
+    return true;
+}
+
+bool writeReportsPdf(std::span<const Report> reports, const QString& path, const PageDecor& decor,
+                     QString* error) {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        if (error)
+            *error = file.errorString();
+        return false;
+    }
+    {
+        QPdfWriter writer(&file);
+        writer.setTitle(QStringLiteral("Reports"));
+        writer.setCreator(QStringLiteral("Vantrel"));
+        setReportPageLayout(writer, decor.pageSize);
+        const PageFrame frame = pageFrameOf(writer);
+        std::vector<PagePlan> plans;
+        std::vector<int> firstPages;
+        int pages = 1; // the contents
+        for (const Report& report : reports) {
+            plans.push_back(planReportPages(report, frame, pageTextMeasure(writer)));
+            firstPages.push_back(pages + 1);
+            pages += int(plans.back().pages.size());
+        }
+        QPainter painter;
+        if (!painter.begin(&writer)) {
+            if (error)
+                *error = QStringLiteral("the pages could not be started");
+            file.cancelWriting();
+            return false;
+        }
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setRenderHint(QPainter::TextAntialiasing);
+        // The contents: each report's title and the page it starts on.
+        const QFont title = pageTitleFont();
+        const QFont line = pageTableFont();
+        const double titleHeight = QFontMetricsF(title, &writer).height();
+        const double lineHeight = QFontMetricsF(line, &writer).height() * 1.4;
+        painter.setFont(title);
+        painter.drawText(QRectF(0, titleHeight, frame.size.width(), titleHeight), Qt::AlignLeft,
+                         QStringLiteral("Contents"));
+        painter.setFont(line);
+        double y = titleHeight * 3;
+        for (size_t i = 0; i < reports.size(); ++i, y += lineHeight) {
+            const QRectF row(0, y, frame.size.width() * 0.7, lineHeight);
+            painter.drawText(row, Qt::AlignLeft, QStringLiteral("%1. %2").arg(i + 1).arg(reports[i].caption));
+            painter.drawText(row, Qt::AlignRight, QString::number(firstPages[i]));
+        }
+        bool painted = true;
+        for (size_t i = 0; i < reports.size() && painted; ++i) {
+            PageDecor numbered = decor;
+            numbered.firstPageNumber = firstPages[i];
+            numbered.pageCount = pages;
+            painted =
+                writer.newPage() && PagePainter(writer, painter, reports[i], numbered).paint(plans[i], error);
+        }
+        painter.end();
+        if (!painted) {
             file.cancelWriting();
             return false;
         }

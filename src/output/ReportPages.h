@@ -11,6 +11,7 @@
 #include <QPageSize>
 #include <QString>
 #include <functional>
+#include <span>
 
 class QPagedPaintDevice;
 class QPaintDevice;
@@ -31,6 +32,10 @@ struct PageDecor {
     QImage logo;             // null: the footer has none
     ChartPainter paintChart; // empty: the chart's place stays white
     QPageSize pageSize{QPageSize::A4};
+    // In a pack of reports: the number of the report's first page and the pack's page
+    // count, written "Page n of N" in every footer; 0 writes none.
+    int firstPageNumber = 0;
+    int pageCount = 0;
 };
 
 // The caption, then " (", the moment as "dd-mm-yyyy hh:mm" and ")".
@@ -60,3 +65,7 @@ bool paintReportPages(QPagedPaintDevice& device, const Report& report, const Pag
 // Writes the pages as a PDF file, whole or not at all.
 bool writeReportPdf(const Report& report, const QString& path, const PageDecor& decor,
                     QString* error = nullptr);
+// Several reports in one PDF: a contents page naming each report and the page it starts
+// on, then each report's pages, every page numbered. Whole or not at all.
+bool writeReportsPdf(std::span<const Report> reports, const QString& path, const PageDecor& decor,
+                     QString* error = nullptr);

@@ -74,6 +74,22 @@ private slots:
             QCOMPARE(all.count(QStringLiteral("Centre %1 ").arg(line, 3, 10, QLatin1Char('0'))), 1);
     }
 
+    void packHasContentsAndNumberedPages() {
+        testing::TempDir dir;
+        const QString pdf = dir.path(QStringLiteral("pack.pdf"));
+        const std::vector<Report> reports{smallTrend(), financialShape(120)};
+        QVERIFY(writeReportsPdf(reports, pdf, reportPageDecor(dir.path())));
+        const int pages = pdfInfo(pdf, QStringLiteral("Pages:\\s+(\\d+)")).toInt();
+        // The contents, the one page of the trend, then the financial report's pages.
+        QVERIFY(pages >= 5);
+        const QString contents = pdfText(pdf, {"-f", "1", "-l", "1"});
+        QVERIFY2(contents.contains(QStringLiteral("1. Total Charges Trend 2")), qPrintable(contents));
+        QVERIFY2(contents.contains(QStringLiteral("2. Financial Directors Report 3")), qPrintable(contents));
+        QVERIFY(pdfText(pdf, {"-f", "3", "-l", "3"}).contains(QStringLiteral("Page 3 of %1").arg(pages)));
+        QVERIFY(pdfText(pdf, {"-f", QString::number(pages), "-l", QString::number(pages)})
+                    .contains(QStringLiteral("Page %1 of %1").arg(pages)));
+    }
+
     void printButtonPrintsWhereTheDialogSays_data() {
         QTest::addColumn<int>("form");
         QTest::addColumn<int>("target");
