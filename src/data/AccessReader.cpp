@@ -1,297 +1,350 @@
 #include "data/AccessReader.h"
 
-#include "data/AccessColumn.h"
+#include "data/AccessImport.h"
+#include "data/AccessReaderChild.h"
 #include "data/Database.h"
-#include "data/FileKind.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QTemporaryFile>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <memory>
 #include <sqlite3.h>
-#include <vector>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+// The parent and the child speak in lines on the child's standard output:
+//   hello                  the child runs
+//   progress DONE TOTAL    as the reading goes on
+//   table ROWS NAME        one a table read, in catalog order, once all is read
+//   ok                     the SQLite file is complete
+//   error MESSAGE          the file was refused; the message is for the user
+// Names and messages are percent-encoded UTF-8.
 
 namespace {
 
-// How often a long table reports progress.
-constexpr qint64 ProgressEveryRows = 2000;
-
-struct MdbClose {
-    void operator()(MdbHandle* mdb) const { mdb_close(mdb); }
-};
-using MdbFilePtr = std::unique_ptr<MdbHandle, MdbClose>;
-
-struct MdbFreeTable {
-    void operator()(MdbTableDef* table) const { mdb_free_tabledef(table); }
-};
-using MdbTablePtr = std::unique_ptr<MdbTableDef, MdbFreeTable>;
-
-// Read failures carry the message for the user; the transaction rolls back on the way out.
-struct ReadError {
-    QString message;
-};
-
-struct SourceTable {
-    QString name;
-    MdbTablePtr def;
-};
-
-QString fromMdb(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-// Table and column names cannot be bound parameters: they go into the statement quoted.
-QString quoted(const QString& identifier) {
-    QString text = identifier;
-    text.replace(QLatin1Char('"'), QLatin1String("\"\""));
-    return QLatin1Char('"') + text + QLatin1Char('"');
-}
-
-MdbColumn* columnAt(MdbTableDef* table, unsigned i) {
-    return static_cast<MdbColumn*>(g_ptr_array_index(table->columns, i));
-}
-
-bool isUserTable(const MdbCatalogEntry* entry) {
-    // A form or report may share a table's name: only real tables count.
-    if (entry->object_type != MDB_TABLE)
-        return false;
-    if (mdb_is_system_table(const_cast<MdbCatalogEntry*>(entry)))
-        return false;
-    return !fromMdb(entry->object_name).startsWith(QLatin1String("MSys"), Qt::CaseInsensitive);
-}
-
-int pageSizeOf(FileKind kind) {
-    return kind == FileKind::Jet3 ? 2048 : 4096;
-}
-
-// Checks what can be checked before libmdb sees the file.
-void checkFile(const QString& path, FileKind kind, qint64 size) {
-    if (kind == FileKind::Missing)
-        throw ReadError{QStringLiteral("The file %1 does not exist.").arg(QDir::toNativeSeparators(path))};
-    if (!isAccessKind(kind))
-        throw ReadError{QStringLiteral("%1 is not an Access database.").arg(QDir::toNativeSeparators(path))};
-    // An Access file is a whole number of pages, and holds more than its header and catalog.
-    const int page = pageSizeOf(kind);
-    const QString name = QDir::toNativeSeparators(path);
-    if (size % page != 0)
-        throw ReadError{QStringLiteral("%1 is damaged or truncated: its size (%2 bytes) is not a whole "
-                                       "number of %3-byte pages.")
-                            .arg(name)
-                            .arg(size)
-                            .arg(page)};
-    if (size < 4 * page)
-        throw ReadError{
-            QStringLiteral("%1 is truncated: %2 bytes cannot hold a database.").arg(name).arg(size)};
-}
-
-ReadError damaged(const QString& path, const QString& what) {
-    return ReadError{QStringLiteral("%1 is damaged: %2.").arg(QDir::toNativeSeparators(path), what)};
-}
-
-// The user tables in catalog order, each with its columns read.
-std::vector<SourceTable> userTables(MdbHandle* mdb, const QString& path) {
-    GPtrArray* catalog = mdb_read_catalog(mdb, MDB_ANY);
-    if (!catalog)
-        throw damaged(path, QStringLiteral("its list of tables cannot be read"));
-    std::vector<SourceTable> tables;
-    MdbTablePtr objects;
-    for (guint i = 0; i < catalog->len; ++i) {
-        auto* entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(catalog, i));
-        if (entry->object_type == MDB_TABLE && qstrcmp(entry->object_name, "MSysObjects") == 0)
-            objects.reset(mdb_read_table(entry));
-        if (!isUserTable(entry))
-            continue;
-        SourceTable table{fromMdb(entry->object_name), MdbTablePtr(mdb_read_table(entry))};
-        if (!table.def || !mdb_read_columns(table.def.get()))
-            throw damaged(path, QStringLiteral("the table \"%1\" cannot be read").arg(table.name));
-        tables.push_back(std::move(table));
-    }
-    // A catalog cut short by a missing page would silently lose tables.
-    if (!objects || catalog->len < objects->num_rows)
-        throw damaged(path, QStringLiteral("its list of tables is incomplete"));
-    return tables;
-}
-
-class Importer {
-public:
-    Importer(MdbHandle* mdb, Database& target, const QString& path, qint64 fileSize,
-             const AccessProgress& progress, qint64 total)
-        : mdb_(mdb)
-        , target_(target)
-        , path_(path)
-        , fileSize_(fileSize)
-        , progress_(progress)
-        , total_(total) {}
-
-    qint64 copy(const SourceTable& source);
-
-private:
-    void createTable(const SourceTable& source);
-    void report();
-
-    MdbHandle* mdb_;
-    Database& target_;
-    const QString& path_;
-    qint64 fileSize_;
-    const AccessProgress& progress_;
-    qint64 total_;
-    qint64 done_ = 0;
-};
-
-void Importer::report() {
-    if (progress_ && !progress_(done_, total_))
-        throw ReadError{QStringLiteral("The import was cancelled.")};
-}
-
-void Importer::createTable(const SourceTable& source) {
-    MdbTableDef* table = source.def.get();
-    QStringList columns;
-    for (unsigned i = 0; i < table->num_cols; ++i) {
-        const MdbColumn* col = columnAt(table, i);
-        columns << quoted(fromMdb(col->name)) + QLatin1Char(' ') + sqlTypeOf(mdb_, col);
-    }
-    target_.execScript(QStringLiteral("CREATE TABLE %1 (%2)").arg(quoted(source.name), columns.join(", ")));
-}
-
-qint64 Importer::copy(const SourceTable& source) {
-    MdbTableDef* table = source.def.get();
-    if (table->num_cols == 0)
-        return 0; // nothing a SQLite table could hold
-    report();
-    createTable(source);
-
-    QStringList names;
-    QStringList params;
-    for (unsigned i = 0; i < table->num_cols; ++i) {
-        names << quoted(fromMdb(columnAt(table, i)->name));
-        params << QStringLiteral("?%1").arg(i + 1);
-    }
-    Statement insert = target_.prepare(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-                                           .arg(quoted(source.name), names.join(", "), params.join(", ")));
-
-    // OLE values are read through a bound buffer; every other value straight from the page.
-    std::vector<std::vector<char>> oleBuffers;
-    oleBuffers.reserve(table->num_cols);
-    for (unsigned i = 0; i < table->num_cols; ++i) {
-        if (columnAt(table, i)->col_type == MDB_OLE) {
-            oleBuffers.emplace_back(OleBindBufferSize);
-            mdb_bind_column(table, int(i + 1), oleBuffers.back().data(), nullptr);
-        }
-    }
-
-    std::vector<MdbField> fields(table->num_cols);
-    qint64 rows = 0;
-    mdb_rewind_table(table);
-    while (mdb_fetch_row(table)) {
-        // The row just fetched is the one before the cursor, on the page in pg_buf.
-        int start = 0;
-        size_t size = 0;
-        if (mdb_find_row(mdb_, int(table->cur_row) - 1, &start, &size) != 0)
-            throw damaged(path_, QStringLiteral("a row of \"%1\" cannot be found").arg(source.name));
-        start &= 0x1fff; // the top bits are flags
-        if (mdb_crack_row(table, start, size, fields.data()) < 0)
-            throw damaged(path_, QStringLiteral("a row of \"%1\" cannot be read").arg(source.name));
-        for (unsigned i = 0; i < table->num_cols; ++i) {
-            const MdbField& field = fields[i];
-            QString why;
-            if (!bindAccessValue(mdb_, columnAt(table, unsigned(field.colnum)), field, fileSize_, insert,
-                                 field.colnum + 1, &why))
-                throw damaged(path_, QStringLiteral("table \"%1\", %2").arg(source.name, why));
-        }
-        insert.run();
-        insert.reset();
-        ++rows;
-        ++done_;
-        if (rows % ProgressEveryRows == 0)
-            report();
-    }
-    // A data page that cannot be read ends the scan early without a word from libmdb.
-    if (rows < qint64(table->num_rows))
-        throw damaged(path_, QStringLiteral("the table \"%1\" holds %2 rows but only %3 can be read")
-                                 .arg(source.name)
-                                 .arg(table->num_rows)
-                                 .arg(rows));
-    return rows;
-}
+const char* const ReaderProgram = "vantrel-access-reader";
+// How often the caller hears from a reader that has nothing new to say.
+constexpr int TickMs = 50;
+constexpr int StartLimitMs = 30000;
+// A sound file reads at tens of megabytes a second; these limits are far beyond that.
+constexpr qint64 BaseLimitMs = 2000;
+constexpr qint64 LimitMsPerMiB = 1000;
+// The child maps some 60 MB of libraries and needs little beside the values it converts;
+// a loop in libmdb that piles up memory ends here instead of starving the machine.
+constexpr qint64 BaseMemoryLimit = qint64(512) << 20;
+constexpr qint64 MemoryLimitPerFileByte = 4;
 
 void setError(QString* error, const QString& message) {
     if (error)
         *error = message;
 }
 
-// Writes the whole of `source` into the (new or empty) SQLite file at `path`. The backup
-// interface, because VACUUM INTO from an in-memory database writes to memory as well.
-bool copyDatabase(Database& source, const QString& path, QString* error) {
-    try {
-        Database file = Database::open(path, Database::Mode::ReadWriteCreate);
-        sqlite3_backup* backup = sqlite3_backup_init(file.handle(), "main", source.handle(), "main");
-        if (!backup)
-            throw DbError(QString::fromUtf8(sqlite3_errmsg(file.handle())), sqlite3_errcode(file.handle()));
-        sqlite3_backup_step(backup, -1);
-        const int rc = sqlite3_backup_finish(backup);
-        if (rc != SQLITE_OK)
-            throw DbError(QString::fromUtf8(sqlite3_errstr(rc)), rc);
-        return true;
-    } catch (const DbError& e) {
-        setError(error,
-                 QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(path), e.message()));
-        return false;
-    }
+QString cancelledText() {
+    return QStringLiteral("The import was cancelled.");
 }
 
-} // namespace
+// `why`, when given, follows in brackets.
+QString unreadableText(const QString& path, const QString& why = QString()) {
+    return QStringLiteral("%1 cannot be read: the file is damaged or is not a project%2.")
+        .arg(QDir::toNativeSeparators(path), why.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(why));
+}
 
-bool readAccessDatabase(const QString& path, Database& target, const AccessProgress& progress, QString* error,
-                        QList<AccessTableCount>* tables) {
-    try {
-        const FileKind kind = detectFileKind(path);
-        const qint64 fileSize = QFileInfo(path).size();
-        checkFile(path, kind, fileSize);
-        // libmdb opens the file read-only.
-        MdbFilePtr mdb(mdb_open(QFile::encodeName(path).constData(), MDB_NOFLAGS));
-        if (!mdb)
-            throw ReadError{QStringLiteral("%1 cannot be opened as an Access database.")
-                                .arg(QDir::toNativeSeparators(path))};
-        mdb_set_bind_size(mdb.get(), TextBindSize);
-        mdb_set_boolean_fmt_numbers(mdb.get());
+QString quoted(const QString& identifier) {
+    QString text = identifier;
+    text.replace(QLatin1Char('"'), QLatin1String("\"\""));
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
 
-        const std::vector<SourceTable> sources = userTables(mdb.get(), path);
-        qint64 total = 0;
-        for (const SourceTable& source : sources)
-            total += source.def->num_rows;
+QString readerPath() {
+    const QString dir = QCoreApplication::instance()
+                            ? QCoreApplication::applicationDirPath()
+                            : QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
+    return QDir(dir).filePath(QLatin1String(ReaderProgram));
+}
 
-        QList<AccessTableCount> counts;
-        Transaction transaction(target);
-        Importer importer(mdb.get(), target, path, fileSize, progress, total);
-        for (const SourceTable& source : sources)
-            counts.append({source.name, importer.copy(source)});
-        if (progress && !progress(total, total))
-            throw ReadError{QStringLiteral("The import was cancelled.")};
-        transaction.commit();
-        if (tables)
-            *tables = counts;
-        return true;
-    } catch (const ReadError& e) {
-        setError(error, e.message);
-    } catch (const DbError& e) {
-        setError(
-            error,
-            QStringLiteral("%1 could not be copied: %2").arg(QDir::toNativeSeparators(path), e.message()));
-    } catch (const std::exception& e) {
-        setError(error, QStringLiteral("%1 could not be copied: %2")
-                            .arg(QDir::toNativeSeparators(path), QString::fromLocal8Bit(e.what())));
+// ---- The parent's side ----
+
+struct ChildAnswer {
+    bool started = false;
+    bool ok = false;
+    QString error;
+    QList<AccessTableCount> tables;
+    qint64 done = 0;
+    qint64 total = 0;
+};
+
+// Reads one line of the child. Returns true for a progress line.
+bool takeLine(const QByteArray& line, ChildAnswer& answer) {
+    const qsizetype space = line.indexOf(' ');
+    const QByteArray word = space < 0 ? line : line.left(space);
+    const QByteArray rest = space < 0 ? QByteArray() : line.mid(space + 1);
+    if (word == "hello") {
+        answer.started = true;
+    } else if (word == "progress") {
+        const QList<QByteArray> numbers = rest.split(' ');
+        if (numbers.size() == 2) {
+            answer.done = numbers[0].toLongLong();
+            answer.total = numbers[1].toLongLong();
+            return true;
+        }
+    } else if (word == "table") {
+        const qsizetype gap = rest.indexOf(' ');
+        answer.tables.append({QString::fromUtf8(QByteArray::fromPercentEncoding(rest.mid(gap + 1))),
+                              rest.left(gap).toLongLong()});
+    } else if (word == "ok") {
+        answer.ok = true;
+    } else if (word == "error") {
+        answer.error = QString::fromUtf8(QByteArray::fromPercentEncoding(rest));
     }
     return false;
 }
 
+// Runs the reader child on `path`, which writes the SQLite file `outFile`, and waits for
+// it while passing its progress on. True once the file is complete.
+bool runReader(const QString& path, const QString& outFile, const AccessProgress& progress, QString* error,
+               QList<AccessTableCount>* tables) {
+    const QString program = readerPath();
+    if (!QFileInfo(program).isExecutable()) {
+        setError(error, QStringLiteral("%1 cannot be read: the Access reader %2 is missing.")
+                            .arg(QDir::toNativeSeparators(path), QDir::toNativeSeparators(program)));
+        return false;
+    }
+    QProcess child;
+    child.setProgram(program);
+    child.setArguments({path, outFile});
+    child.setStandardInputFile(QProcess::nullDevice());
+    // libmdb's complaints about a damaged file can run to millions of lines.
+    child.setStandardErrorFile(QProcess::nullDevice());
+    child.start(QIODevice::ReadOnly);
+    if (!child.waitForStarted(StartLimitMs)) {
+        setError(error, QStringLiteral("%1 cannot be read: the Access reader cannot be started (%2).")
+                            .arg(QDir::toNativeSeparators(path), child.errorString()));
+        return false;
+    }
+
+    const qint64 limitMs = accessReadTimeLimitMs(QFileInfo(path).size());
+    const QDeadlineTimer deadline(limitMs);
+    QElapsedTimer sinceReport;
+    sinceReport.start();
+    ChildAnswer answer;
+    bool cancelled = false;
+    bool timedOut = false;
+    const auto ask = [&](qint64 done, qint64 total) {
+        sinceReport.restart();
+        return !progress || progress(done, total);
+    };
+    for (;;) {
+        const bool running = child.state() != QProcess::NotRunning;
+        if (running)
+            child.waitForReadyRead(TickMs);
+        while (!cancelled && child.canReadLine()) {
+            if (takeLine(child.readLine().trimmed(), answer) && !ask(answer.done, answer.total))
+                cancelled = true;
+        }
+        if (cancelled || !running)
+            break;
+        if (sinceReport.elapsed() >= TickMs && !ask(answer.done, answer.total)) {
+            cancelled = true;
+            break;
+        }
+        if (deadline.hasExpired()) {
+            timedOut = true;
+            break;
+        }
+    }
+    if (child.state() != QProcess::NotRunning) {
+        child.kill();
+        child.waitForFinished(-1);
+    }
+
+    if (cancelled) {
+        setError(error, cancelledText());
+        return false;
+    }
+    if (timedOut) {
+        const qint64 seconds = (limitMs + 999) / 1000;
+        setError(error, unreadableText(
+                            path, QStringLiteral("reading it did not end within %1 seconds").arg(seconds)));
+        return false;
+    }
+    if (!answer.started) {
+        setError(error, QStringLiteral("%1 cannot be read: the Access reader did not run (exit code %2).")
+                            .arg(QDir::toNativeSeparators(path))
+                            .arg(child.exitCode()));
+        return false;
+    }
+    if (child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0 && answer.ok) {
+        if (tables)
+            *tables = answer.tables;
+        return true;
+    }
+    // A crash, or an end without a word: libmdb gave up on the file in its own way.
+    setError(error, answer.error.isEmpty() ? unreadableText(path) : answer.error);
+    return false;
+}
+
+struct FinalizeStatement {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using RawStatement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+// Values are moved as SQLite holds them, without a round trip through Qt types.
+RawStatement prepareRaw(Database& db, const QString& sql) {
+    sqlite3_stmt* statement = nullptr;
+    const QByteArray text = sql.toUtf8();
+    if (sqlite3_prepare_v2(db.handle(), text.constData(), int(text.size()), &statement, nullptr) != SQLITE_OK)
+        throw DbError(QString::fromUtf8(sqlite3_errmsg(db.handle())), sqlite3_errcode(db.handle()));
+    return RawStatement(statement);
+}
+
+// Copies the rows of one table; false on a cancel.
+bool copyRows(Database& source, Database& target, const QString& table, const AccessProgress& progress,
+              qint64 total, QElapsedTimer& sinceReport) {
+    RawStatement select = prepareRaw(source, QStringLiteral("SELECT * FROM %1").arg(quoted(table)));
+    const int columns = sqlite3_column_count(select.get());
+    QStringList params;
+    for (int i = 1; i <= columns; ++i)
+        params << QStringLiteral("?%1").arg(i);
+    RawStatement insert = prepareRaw(
+        target, QStringLiteral("INSERT INTO main.%1 VALUES (%2)").arg(quoted(table), params.join(", ")));
+    qint64 rows = 0;
+    int rc = SQLITE_ROW;
+    while ((rc = sqlite3_step(select.get())) == SQLITE_ROW) {
+        for (int i = 0; i < columns; ++i)
+            sqlite3_bind_value(insert.get(), i + 1, sqlite3_column_value(select.get(), i));
+        if (sqlite3_step(insert.get()) != SQLITE_DONE)
+            throw DbError(QString::fromUtf8(sqlite3_errmsg(target.handle())),
+                          sqlite3_errcode(target.handle()));
+        sqlite3_reset(insert.get());
+        if (++rows % 1024 == 0 && sinceReport.elapsed() >= TickMs) {
+            sinceReport.restart();
+            if (progress && !progress(total, total))
+                return false;
+        }
+    }
+    if (rc != SQLITE_DONE)
+        throw DbError(QString::fromUtf8(sqlite3_errmsg(source.handle())), rc);
+    return true;
+}
+
+// Copies every table of the SQLite file the reader wrote into `target`, in one transaction.
+bool copyTables(Database& target, const QString& file, const AccessProgress& progress, qint64 total,
+                const QString& path, QString* error) {
+    try {
+        Database source = Database::open(file, Database::Mode::ReadOnly);
+        QList<QPair<QString, QString>> tables; // name, CREATE statement, in the order written
+        Statement schema = source.prepare(
+            QStringLiteral("SELECT name, sql FROM sqlite_master WHERE type = 'table' ORDER BY rowid"));
+        while (schema.step())
+            tables.append({schema.text(0), schema.text(1)});
+
+        QElapsedTimer sinceReport;
+        sinceReport.start();
+        Transaction transaction(target);
+        for (const auto& [name, create] : tables) {
+            target.execScript(create);
+            if (!copyRows(source, target, name, progress, total, sinceReport)) {
+                setError(error, cancelledText());
+                return false;
+            }
+        }
+        if (progress && !progress(total, total)) {
+            setError(error, cancelledText());
+            return false;
+        }
+        transaction.commit();
+        return true;
+    } catch (const DbError& e) {
+        setError(
+            error,
+            QStringLiteral("%1 could not be copied: %2").arg(QDir::toNativeSeparators(path), e.message()));
+        return false;
+    }
+}
+
+// ---- The child's side ----
+
+// Writes one line to the parent; a parent that is gone ends the child (SIGPIPE).
+void say(int channel, const QByteArray& line) {
+    const QByteArray bytes = line + '\n';
+    qsizetype written = 0;
+    while (written < bytes.size()) {
+        const ssize_t n = ::write(channel, bytes.constData() + written, size_t(bytes.size() - written));
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            std::_Exit(3);
+        written += n;
+    }
+}
+
+QByteArray encoded(const QString& text) {
+    return text.toUtf8().toPercentEncoding();
+}
+
+void limitMemory(qint64 fileSize) {
+#if defined(__SANITIZE_ADDRESS__)
+    Q_UNUSED(fileSize); // the sanitizer reserves far more address space than it uses
+#else
+    rlimit limit{};
+    if (getrlimit(RLIMIT_AS, &limit) != 0)
+        return;
+    const auto cap = rlim_t(BaseMemoryLimit + MemoryLimitPerFileByte * fileSize);
+    if (limit.rlim_cur == RLIM_INFINITY || limit.rlim_cur > cap) {
+        limit.rlim_cur = cap;
+        setrlimit(RLIMIT_AS, &limit);
+    }
+#endif
+}
+
+} // namespace
+
+qint64 accessReadTimeLimitMs(qint64 fileSize) {
+    return BaseLimitMs + fileSize * LimitMsPerMiB / (1024 * 1024);
+}
+
+bool readAccessDatabase(const QString& path, Database& target, const AccessProgress& progress, QString* error,
+                        QList<AccessTableCount>* tables) {
+    if (!checkAccessFile(path, error))
+        return false;
+    QTemporaryFile temp(QDir(QDir::tempPath()).filePath(QStringLiteral("vantrel-access-XXXXXX.sqlite")));
+    if (!temp.open()) {
+        setError(error, QStringLiteral("Cannot write a temporary file in %1: %2")
+                            .arg(QDir::toNativeSeparators(QDir::tempPath()), temp.errorString()));
+        return false;
+    }
+    temp.close();
+    QList<AccessTableCount> counts;
+    if (!runReader(path, temp.fileName(), progress, error, &counts))
+        return false;
+    // Every table was read to the last of the rows it declares: they make the total.
+    qint64 total = 0;
+    for (const AccessTableCount& table : counts)
+        total += table.rows;
+    if (!copyTables(target, temp.fileName(), progress, total, path, error))
+        return false;
+    if (tables)
+        *tables = counts;
+    return true;
+}
+
 bool convertAccessFile(const QString& accessPath, const QString& outPath, const AccessProgress& progress,
                        QString* error, QList<AccessTableCount>* tables) {
-    Database memory = Database::openMemory();
-    if (!readAccessDatabase(accessPath, memory, progress, error, tables))
+    if (!checkAccessFile(accessPath, error))
         return false;
-    // Written beside the target under another name, then moved over it in one step.
+    // The reader writes beside the target under another name; the file is then moved over
+    // the target in one step.
     const QFileInfo out(outPath);
     QTemporaryFile temp(out.absoluteDir().filePath(out.fileName() + QStringLiteral(".XXXXXX")));
     if (!temp.open()) {
@@ -302,7 +355,7 @@ bool convertAccessFile(const QString& accessPath, const QString& outPath, const 
     temp.close();
     // A temporary file is private to its owner; the output is an ordinary file.
     temp.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
-    if (!copyDatabase(memory, temp.fileName(), error))
+    if (!runReader(accessPath, temp.fileName(), progress, error, tables))
         return false;
     std::error_code ec;
     std::filesystem::rename(QFile::encodeName(temp.fileName()).toStdString(),
@@ -314,4 +367,55 @@ bool convertAccessFile(const QString& accessPath, const QString& outPath, const 
     }
     temp.setAutoRemove(false); // it is the output now
     return true;
+}
+
+int runAccessReaderChild(int argc, char** argv) {
+    // The parent hears only these lines: libmdb may write to standard output as well.
+    const int channel = ::dup(STDOUT_FILENO);
+    const int nothing = ::open("/dev/null", O_WRONLY);
+    if (channel < 0 || nothing < 0)
+        return 3;
+    ::dup2(nothing, STDOUT_FILENO);
+    ::close(nothing);
+    say(channel, "hello");
+    if (argc != 3) {
+        const QString usage =
+            QStringLiteral("usage: %1 ACCESS_FILE OUT.sqlite").arg(QLatin1String(ReaderProgram));
+        say(channel, "error " + encoded(usage));
+        return 2;
+    }
+    const QString source = QFile::decodeName(argv[1]);
+    const QString out = QFile::decodeName(argv[2]);
+    const qint64 size = QFileInfo(source).size();
+    limitMemory(size);
+    // A reader stuck in libmdb must not outlive its parent, nor spin on when nobody waits
+    // for it: it goes with the parent, and on its own after twice the parent's limit.
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    ::alarm(unsigned((2 * accessReadTimeLimitMs(size) + 999) / 1000 + 5));
+    try {
+        Database db = Database::open(out, Database::Mode::ReadWriteCreate);
+        // The file is thrown away unless it is complete: no journal, no waiting for the disk.
+        db.execScript(QStringLiteral("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF;"));
+        QString error;
+        QList<AccessTableCount> tables;
+        const auto progress = [channel](qint64 done, qint64 total) {
+            say(channel, "progress " + QByteArray::number(done) + ' ' + QByteArray::number(total));
+            return true;
+        };
+        const bool ok = importAccessFile(source, db, progress, &error, &tables);
+        db.close();
+        if (!ok) {
+            say(channel, "error " + encoded(error));
+            return 1;
+        }
+        for (const AccessTableCount& table : tables)
+            say(channel, "table " + QByteArray::number(table.rows) + ' ' + encoded(table.name));
+        say(channel, "ok");
+        return 0;
+    } catch (const DbError& e) {
+        const QString why =
+            QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(out), e.message());
+        say(channel, "error " + encoded(why));
+        return 1;
+    }
 }

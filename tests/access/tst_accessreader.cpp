@@ -29,24 +29,26 @@ private slots:
 
 namespace {
 
-Database readFile(const QString& path) {
-    Database db = Database::openMemory();
-    QString error;
-    if (!readAccessDatabase(path, db, AccessProgress(), &error))
-        qWarning("%s", qPrintable(error));
-    return db;
+// One value by a WHERE clause on the table's key; an SQL error comes back as its text,
+// which no expected value matches (a test must fail, not throw).
+DbValue valueOf(Database& db, const QString& sql, const QVariant& key = QVariant()) {
+    try {
+        Statement st = db.prepare(sql);
+        if (key.isValid()) {
+            if (key.typeId() == QMetaType::QString)
+                st.bind(1, key.toString());
+            else
+                st.bind(1, key.toLongLong());
+        }
+        return st.step() ? st.value(0) : DbValue();
+    } catch (const DbError& e) {
+        return QStringLiteral("<%1>").arg(e.message());
+    }
 }
 
-// One value by a WHERE clause on the table's key.
-DbValue valueOf(Database& db, const QString& sql, const QVariant& key = QVariant()) {
-    Statement st = db.prepare(sql);
-    if (key.isValid()) {
-        if (key.typeId() == QMetaType::QString)
-            st.bind(1, key.toString());
-        else
-            st.bind(1, key.toLongLong());
-    }
-    return st.step() ? st.value(0) : DbValue();
+std::int64_t countOf(Database& db, const QString& sql) {
+    const DbValue v = valueOf(db, sql);
+    return std::holds_alternative<std::int64_t>(v) ? std::get<std::int64_t>(v) : -1;
 }
 
 QString textOf(Database& db, const QString& sql, const QVariant& key = QVariant()) {
@@ -62,6 +64,17 @@ std::int64_t intOf(Database& db, const QString& sql, const QVariant& key = QVari
 bool isNull(Database& db, const QString& sql, const QVariant& key = QVariant()) {
     return std::holds_alternative<std::monostate>(valueOf(db, sql, key));
 }
+
+// Reads one of the shared files into a new database `db`: skips the test when the file is
+// absent, fails it when the file cannot be read.
+#define READ_SHARED_FILE(db, name)                                                                           \
+    Database db = Database::openMemory();                                                                    \
+    do {                                                                                                     \
+        const QString file_ = testing::accessTestFile(name);                                                 \
+        SKIP_WITHOUT_SHARED_FILE(file_);                                                                     \
+        QString error_;                                                                                      \
+        QVERIFY2(readAccessDatabase(file_, db, AccessProgress(), &error_), qPrintable(error_));              \
+    } while (false)
 
 QList<AccessTableCount> nwindCounts() {
     // Counted with mdb-export, in the order mdb-tables lists them.
@@ -89,6 +102,7 @@ void AccessReaderTest::tablesAndRowCounts_data() {
 void AccessReaderTest::tablesAndRowCounts() {
     QFETCH(QString, path);
     QFETCH(QList<AccessTableCount>, expected);
+    SKIP_WITHOUT_SHARED_FILE(path);
     Database db = Database::openMemory();
     QString error;
     QList<AccessTableCount> tables;
@@ -112,7 +126,7 @@ void AccessReaderTest::tablesAndRowCounts() {
     QCOMPARE(names, expectedNames);
     for (const auto& t : expected) {
         const QString count = QStringLiteral("SELECT count(*) FROM \"%1\"").arg(t.name);
-        QCOMPARE(queryInt(db, count), t.rows);
+        QCOMPARE(countOf(db, count), t.rows);
     }
 }
 
@@ -144,7 +158,7 @@ void AccessReaderTest::declaredTypes() {
     QFETCH(QString, file);
     QFETCH(QString, table);
     QFETCH(QStringList, columns);
-    Database db = readFile(testing::accessTestFile(file.toLatin1().constData()));
+    READ_SHARED_FILE(db, file.toLatin1().constData());
     QStringList found;
     Statement st = db.prepare(QStringLiteral("SELECT name, type FROM pragma_table_info(?1) ORDER BY cid"));
     st.bind(1, table);
@@ -154,7 +168,7 @@ void AccessReaderTest::declaredTypes() {
 }
 
 void AccessReaderTest::jet3Values() {
-    Database db = readFile(testing::accessTestFile("nwind.mdb"));
+    READ_SHARED_FILE(db, "nwind.mdb");
 
     // Text with accents (Jet 3 keeps it in a code page) and a Null text.
     const QString customer = QStringLiteral("SELECT %1 FROM Customers WHERE CustomerID = ?1");
@@ -200,26 +214,24 @@ void AccessReaderTest::jet3Values() {
     QCOMPARE(intOf(db, "SELECT typeof(Picture) = 'blob' FROM Categories WHERE CategoryID = ?1", 8), 1);
 
     // A table name with an accent.
-    QCOMPARE(queryInt(db, QStringLiteral("SELECT count(*) FROM \"Umsätze\" WHERE CustomerID = 'RATTC'")),
-             queryInt(db, QStringLiteral("SELECT count(*) FROM Orders WHERE CustomerID = 'RATTC'")));
+    QCOMPARE(countOf(db, QStringLiteral("SELECT count(*) FROM \"Umsätze\" WHERE CustomerID = 'RATTC'")),
+             countOf(db, QStringLiteral("SELECT count(*) FROM Orders WHERE CustomerID = 'RATTC'")));
 }
 
 void AccessReaderTest::jet3RowsInPhysicalOrder() {
-    Database db = readFile(testing::accessTestFile("nwind.mdb"));
+    READ_SHARED_FILE(db, "nwind.mdb");
     // mdb-export lists Orders from 10330 on, not by key.
-    Statement st = db.prepare(QStringLiteral("SELECT OrderID FROM Orders ORDER BY rowid LIMIT 3"));
-    QList<std::int64_t> first;
-    while (st.step())
-        first << st.int64(0);
-    QCOMPARE(first, (QList<std::int64_t>{10330, 10331, 10332}));
-    QCOMPARE(queryInt(db, QStringLiteral("SELECT OrderID FROM Orders ORDER BY rowid DESC LIMIT 1")), 11077);
+    const QString firstThree = QStringLiteral("SELECT group_concat(OrderID) FROM (SELECT OrderID FROM Orders "
+                                              "ORDER BY rowid LIMIT 3)");
+    QCOMPARE(textOf(db, firstThree), QStringLiteral("10330,10331,10332"));
+    QCOMPARE(countOf(db, QStringLiteral("SELECT OrderID FROM Orders ORDER BY rowid DESC LIMIT 1")), 11077);
     QCOMPARE(
-        queryInt(db, QStringLiteral("SELECT ProductID FROM \"Order Details\" ORDER BY rowid DESC LIMIT 1")),
+        countOf(db, QStringLiteral("SELECT ProductID FROM \"Order Details\" ORDER BY rowid DESC LIMIT 1")),
         77);
 }
 
 void AccessReaderTest::jet4ExtremeDates() {
-    Database db = readFile(testing::accessTestFile("DateTestDatabase.mdb"));
+    READ_SHARED_FILE(db, "DateTestDatabase.mdb");
     // Days since 1899-12-30 as stored (2958101, -728, -463126, ...), counted out by hand.
     struct Row {
         int id;
@@ -241,7 +253,7 @@ void AccessReaderTest::jet4ExtremeDates() {
 }
 
 void AccessReaderTest::jet4Text() {
-    Database db = readFile(testing::accessTestFile("DateTestDatabase.mdb"));
+    READ_SHARED_FILE(db, "DateTestDatabase.mdb");
     const QString sql = QStringLiteral("SELECT %1 FROM DateTest WHERE IDCol = ?1");
     QCOMPARE(textOf(db, sql.arg("LongTextCol"), 6), QStringLiteral("New line\r\nin field"));
     QCOMPARE(textOf(db, sql.arg("ShortTextCol"), 6), QStringLiteral("No new line"));
@@ -251,7 +263,7 @@ void AccessReaderTest::jet4Text() {
 }
 
 void AccessReaderTest::aceValues() {
-    Database db = readFile(testing::accessTestFile("ASampleDatabase.accdb"));
+    READ_SHARED_FILE(db, "ASampleDatabase.accdb");
     const QString sql = QStringLiteral("SELECT %1 FROM \"Asset Items\" WHERE \"Asset No\" = ?1");
     QCOMPARE(textOf(db, sql.arg("\"Asset Category\""), "30050"), QStringLiteral("Computer Hardware"));
     QCOMPARE(textOf(db, sql.arg("Acquired"), "30050"), QStringLiteral("1997-09-02"));
@@ -263,11 +275,12 @@ void AccessReaderTest::aceValues() {
     QCOMPARE(intOf(db, sql.arg("Warranty"), "30118"), 0);
     QVERIFY(isNull(db, sql.arg("\"Tax Scale\""), "30118"));
     QVERIFY(isNull(db, sql.arg("Comments"), "30118"));
-    QCOMPARE(queryInt(db, QStringLiteral("SELECT count(*) FROM \"Asset Items\" WHERE Comments IS NOT NULL")),
+    QCOMPARE(countOf(db, QStringLiteral("SELECT count(*) FROM \"Asset Items\" WHERE Comments IS NOT NULL")),
              0);
 }
 
 void AccessReaderTest::reportsProgress() {
+    SKIP_WITHOUT_SHARED_FILE(testing::accessTestFile("nwind.mdb"));
     Database db = Database::openMemory();
     QList<QPair<qint64, qint64>> calls;
     QString error;
@@ -279,6 +292,9 @@ void AccessReaderTest::reportsProgress() {
         },
         &error);
     QVERIFY2(ok, qPrintable(error));
+    // Until the library has read the list of tables there is no total (0 of 0).
+    while (!calls.isEmpty() && calls.first() == qMakePair(qint64(0), qint64(0)))
+        calls.removeFirst();
     const qint64 total = 2155 + 830 + 77 + 3 + 8 + 91 + 9 + 29 + 830;
     // At least once per table, once inside the 2155 rows of Order Details, once at the end.
     QVERIFY(calls.size() >= 11);
@@ -293,6 +309,7 @@ void AccessReaderTest::reportsProgress() {
 }
 
 void AccessReaderTest::cancelLeavesTargetUntouched() {
+    SKIP_WITHOUT_SHARED_FILE(testing::accessTestFile("nwind.mdb"));
     Database db = Database::openMemory();
     db.execScript(QStringLiteral("CREATE TABLE Mine (x INTEGER); INSERT INTO Mine VALUES (7);"));
     QString error;
@@ -300,14 +317,15 @@ void AccessReaderTest::cancelLeavesTargetUntouched() {
         testing::accessTestFile("nwind.mdb"), db, [](qint64 done, qint64) { return done < 1000; }, &error);
     QVERIFY(!ok);
     QVERIFY(error.contains(QLatin1String("cancel")));
-    QCOMPARE(queryInt(db, QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'table'")), 1);
-    QCOMPARE(queryInt(db, QStringLiteral("SELECT x FROM Mine")), 7);
+    QCOMPARE(countOf(db, QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'table'")), 1);
+    QCOMPARE(countOf(db, QStringLiteral("SELECT x FROM Mine")), 7);
 }
 
 void AccessReaderTest::refusesBadFiles_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("message"); // a part of the error
 
+    SKIP_WITHOUT_SHARED_FILE(testing::accessTestFile("nwind.mdb"));
     const QByteArray nwind = testing::readAll(testing::accessTestFile("nwind.mdb"));
     QVERIFY(nwind.size() == 3002368);
     QByteArray noise(65536, '\0');
@@ -351,16 +369,18 @@ void AccessReaderTest::refusesBadFiles() {
     QVERIFY(!ok);
     QVERIFY2(error.contains(message), qPrintable(error));
     QVERIFY(tables.isEmpty());
-    QCOMPARE(queryInt(db, QStringLiteral("SELECT count(*) FROM sqlite_master")), 0);
+    QCOMPARE(countOf(db, QStringLiteral("SELECT count(*) FROM sqlite_master")), 0);
 }
 
 void AccessReaderTest::neverWritesTheFile() {
+    SKIP_WITHOUT_SHARED_FILE(testing::accessTestFile("DateTestDatabase.mdb"));
     testing::TempDir dir;
     const QByteArray original = testing::readAll(testing::accessTestFile("DateTestDatabase.mdb"));
     const QString path = dir.write(QStringLiteral("copy.mdb"), original);
     const QDateTime modified = QFileInfo(path).lastModified();
-    Database db = readFile(path);
-    QCOMPARE(queryInt(db, QStringLiteral("SELECT count(*) FROM DateTest")), 6);
+    Database db = Database::openMemory();
+    QVERIFY(readAccessDatabase(path, db, AccessProgress(), nullptr));
+    QCOMPARE(countOf(db, QStringLiteral("SELECT count(*) FROM DateTest")), 6);
     QCOMPARE(QFileInfo(path).lastModified(), modified);
     QCOMPARE(testing::readAll(path), original);
     // No lock or journal file beside it either.
