@@ -16,9 +16,11 @@
 namespace {
 
 // The grid shows this many rows before it scrolls; the individual charges trend, whose
-// rows vary with the charge family, shows up to about twice as many.
+// rows vary with the charge family, follows its rows up to 3,500 twips (a fixed length on
+// the screen), so that the chart keeps room for a legend of many charge types.
 constexpr int GridRows = 8;
-constexpr int IndividualChargesGridRows = 14;
+constexpr int IndividualChargesGridTwips = 3500;
+constexpr int TwipsPerInch = 1440;
 // The grid never takes more of the window's height than this, so the chart keeps room.
 constexpr double GridShareLimit = 0.45;
 
@@ -81,9 +83,10 @@ void frmReport::renderDetailsButton() {
 }
 
 void frmReport::fitGrid() {
-    const int rows =
-        report().number == ReportNumber::IndividualCharges ? IndividualChargesGridRows : GridRows;
-    int height = grdData_->fittingHeight(rows);
+    int height = grdData_->fittingHeight(GridRows);
+    if (report().number == ReportNumber::IndividualCharges)
+        height = std::min(grdData_->fittingHeight(report().grid.rowCount()),
+                          IndividualChargesGridTwips * logicalDpiY() / TwipsPerInch);
     if (chtData_)
         height = std::min(height, int(GridShareLimit * this->height()));
     grdData_->setFixedHeight(std::max(height, grdData_->fittingHeight(1)));

@@ -61,6 +61,8 @@ private slots:
     void previousReportOfAnotherKindHandsOver();
     void detailsFoldInAndOut();
     void detailsButtonOnlyForTheTotalView();
+    void individualChargesGridFollowsItsRowsUpToItsCap_data();
+    void individualChargesGridFollowsItsRowsUpToItsCap();
 };
 
 void FrmReportTest::cleanup() {
@@ -395,6 +397,34 @@ void FrmReportTest::detailsButtonOnlyForTheTotalView() {
     frmReport accumulative(f.ctx, session, deviationReport(ReportNumber::AccumulativeMonthlyDeviation, 5));
     accumulative.cmdBudget_Click();
     QCOMPARE(accumulative.report().detailsButton, QStringLiteral("Hide Details"));
+}
+
+void FrmReportTest::individualChargesGridFollowsItsRowsUpToItsCap_data() {
+    QTest::addColumn<int>("rows");
+    QTest::newRow("a few rows") << 3;
+    QTest::newRow("many rows") << 14;
+}
+
+// The grid of the individual charges is as tall as its rows, up to 3,500 twips, so the chart
+// above keeps room for the legend of many charge types.
+void FrmReportTest::individualChargesGridFollowsItsRowsUpToItsCap() {
+    QFETCH(int, rows);
+    TrendFixture f;
+    Report report;
+    report.number = ReportNumber::IndividualCharges;
+    report.params = individualChargesParams(0, QString(), 1);
+    report.grid.resize(rows, 3);
+    ReportChart chart;
+    chart.resize(1, 2);
+    report.charts.push_back(chart);
+    ReportSession session;
+    frmReport form(f.ctx, session, report);
+    form.resize(1366, 800);
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    const int cap = 3500 * form.logicalDpiY() / 1440;
+    const int contents = form.grid()->fittingHeight(rows);
+    QCOMPARE(form.grid()->height(), std::min(contents, cap));
 }
 
 VANTREL_TEST(FrmReportTest);
