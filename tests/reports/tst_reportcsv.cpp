@@ -116,18 +116,19 @@ void ReportCsvTest::totalChargesReportAsWritten() {
     QVERIFY(writeReportCsv(r, path));
     // 750 against 1,000.50: a fall of 25.04 %.
     QCOMPARE(QString::fromUtf8(testing::readAll(path)),
-             QStringLiteral("Date,31/01/2012,29/02/2012\r\n"
-                            "Usage Charges (£),\"£1,000.00\",£750.00\r\n"
-                            "Recurring Charges (£),£0.00,£0.00\r\n"
-                            "One Off Charges and Credits (£),£0.00,£0.00\r\n"
-                            "Adjustment Charges (£),£0.50,£0.00\r\n"
-                            "Totals (£),\"£1,000.50\",£750.00\r\n"
-                            "Percent Change (%),,-25.04%\r\n"
-                            "\r\n"
-                            "Total Charges Trend where Cost Centre Level 1 = St John's,Total Charges,Usage Charges,"
-                            "Recurring Charges,One Off Charges,Adjustments\r\n"
-                            "31/01/2012,1000.5,1000,0,0,0.5\r\n"
-                            "29/02/2012,750,750,0,0,0\r\n"));
+             QStringLiteral(
+                 "Date,31/01/2012,29/02/2012\r\n"
+                 "Usage Charges (£),\"£1,000.00\",£750.00\r\n"
+                 "Recurring Charges (£),£0.00,£0.00\r\n"
+                 "One Off Charges and Credits (£),£0.00,£0.00\r\n"
+                 "Adjustment Charges (£),£0.50,£0.00\r\n"
+                 "Totals (£),\"£1,000.50\",£750.00\r\n"
+                 "Percent Change (%),,-25.04%\r\n"
+                 "\r\n"
+                 "Total Charges Trend where Cost Centre Level 1 = St John's,Total Charges,Usage Charges,"
+                 "Recurring Charges,One Off Charges,Adjustments\r\n"
+                 "31/01/2012,1000.5,1000,0,0,0.5\r\n"
+                 "29/02/2012,750,750,0,0,0\r\n"));
 }
 
 void ReportCsvTest::unwritableFileIsReported() {
