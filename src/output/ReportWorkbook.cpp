@@ -3,6 +3,7 @@
 #include "app/AppContext.h"
 #include "app/cColours.h"
 #include "output/ReportDisclaimer.h"
+#include "output/WorkbookCharts.h"
 #include "reports/Report.h"
 
 #include <QDir>
@@ -19,21 +20,10 @@
 
 namespace {
 
-// The spreadsheet program's chart type numbers.
-namespace XlChart {
-constexpr int Area = 1;
-constexpr int Column = 3;
-constexpr int Line = 4;
-constexpr int Pie = 5;
-constexpr int ColumnStacked = 52;
-constexpr int XYScatter = -4169;
-} // namespace XlChart
-
 constexpr lxw_color_t BandColour = 0x5514B4; // red 85, green 20, blue 180: headings and titles
 constexpr lxw_color_t WhiteText = 0xFFFFFF;
 constexpr char MoneyFormat[] = "£#,##0.00";
 constexpr char DateFormat[] = "dd/mm/yyyy";
-constexpr char ChartDataSheet[] = "ChartData";
 
 // Sheet geometry, in zero-based rows and columns.
 constexpr int TitleRow = 6;
@@ -47,8 +37,6 @@ constexpr int GridOnlyRow = 8;   // row 9
 // Pixels as the workbook measures them: rows of 20, columns from their width in characters.
 constexpr int RowPixels = 20;
 constexpr int DefaultColumnPixels = 64;
-constexpr double DefaultChartWidth = 480; // what a chart measures at scale 1
-constexpr double DefaultChartHeight = 288;
 // The logo: 10 points in from the corner, 60 points square.
 constexpr int LogoOffset = 13;
 constexpr double LogoPixels = 80;
@@ -60,38 +48,11 @@ constexpr int LargeChartHeight = 560;
 constexpr int ChartGap = 16;
 constexpr int AreaChartsPerRow = 2;
 constexpr double SwatchWidth = 2.5;
-// More series than this put the legend beside the plot, as the windows do.
-constexpr int LegendBelowLimit = 6;
 // A fitted column never grows past this many characters.
 constexpr double WidestColumn = 100;
 
-lxw_color_t rgbOf(const QColor& colour) {
-    return lxw_color_t((colour.red() << 16) | (colour.green() << 8) | colour.blue());
-}
-
 int columnPixels(double width) {
     return width < 1 ? int(width * 12 + 0.5) : int(width * 7 + 0.5) + 5;
-}
-
-bool isBar(const ReportChart& chart) {
-    return chart.type == ChartType::Bar2d || chart.type == ChartType::Bar3d;
-}
-
-uint8_t lxwChartType(int excelType) {
-    switch (excelType) {
-    case XlChart::Area:
-        return LXW_CHART_AREA;
-    case XlChart::Line:
-        return LXW_CHART_LINE;
-    case XlChart::Pie:
-        return LXW_CHART_PIE;
-    case XlChart::ColumnStacked:
-        return LXW_CHART_COLUMN_STACKED;
-    case XlChart::XYScatter:
-        return LXW_CHART_SCATTER;
-    default:
-        return LXW_CHART_COLUMN;
-    }
 }
 
 // The number format of a percent cell, with as many decimals as its text shows.
@@ -184,7 +145,8 @@ class WorkbookWriter {
 public:
     WorkbookWriter(lxw_workbook* workbook, const WorkbookLook& look)
         : wb_(workbook)
-        , look_(look) {}
+        , look_(look)
+        , charts_(workbook, look.colours) {}
 
     // Adds every sheet first, so that the chart data sheet comes last.
     bool write(std::span<const Report> reports, const QStringList& names) {
@@ -196,16 +158,14 @@ public:
         }
         for (const Report& report : reports)
             for (const ReportChart& chart : drawnCharts(report))
-                if (!data_ && chart.seriesCount() > 0 && chart.pointCount() > 0) {
-                    data_ = workbook_add_worksheet(wb_, ChartDataSheet);
-                    worksheet_hide(data_);
-                }
+                if (chart.seriesCount() > 0 && chart.pointCount() > 0)
+                    charts_.addDataSheet();
         for (size_t i = 0; i < reports.size(); ++i)
             writeReport(sheets[i], reports[i]);
-        return error_.isEmpty();
+        return error().isEmpty();
     }
 
-    const QString& error() const { return error_; }
+    const QString& error() const { return error_.isEmpty() ? charts_.error() : error_; }
 
 private:
     void writeReport(Sheet& sheet, const Report& report) {
@@ -217,8 +177,8 @@ private:
             writeDisclaimer(sheet, ChartGridRow + rows + 1);
             fitColumns(sheet);
             if (!report.charts.empty())
-                addChart(sheet, report.charts.front(), ChartRow, 0, sheet.pixels(0, ChartColumns - 1),
-                         ChartRows * RowPixels);
+                charts_.add(sheet.ws, report.charts.front(), ChartRow, 0, sheet.pixels(0, ChartColumns - 1),
+                            ChartRows * RowPixels);
             break;
         }
         case ReportForm::Grid: {
@@ -253,8 +213,8 @@ private:
         const int columnsEach = (width + ChartGap + DefaultColumnPixels - 1) / DefaultColumnPixels;
         const int rowsEach = (height + ChartGap + RowPixels - 1) / RowPixels;
         for (int i = 0; i < charts; ++i)
-            addChart(sheet, report.charts[size_t(i)], ChartRow + (i / perRow) * rowsEach,
-                     (i % perRow) * columnsEach, width, height);
+            charts_.add(sheet.ws, report.charts[size_t(i)], ChartRow + (i / perRow) * rowsEach,
+                        (i % perRow) * columnsEach, width, height);
 
         const int keyCol = std::min(charts, perRow) * columnsEach;
         int keyRow = ChartRow;
@@ -405,115 +365,6 @@ private:
                 worksheet_set_column(sheet.ws, lxw_col_t(c), lxw_col_t(c), sheet.width(c), nullptr);
     }
 
-    // The chart's figures go to a block of the chart data sheet: its title and series
-    // labels on the first line, then a line per point (its label, its values; a null
-    // point an empty cell). The chart reads its series from there.
-    void addChart(Sheet& sheet, const ReportChart& chart, int row, int col, int widthPx, int heightPx) {
-        if (chart.seriesCount() == 0 || chart.pointCount() == 0 || !data_)
-            return;
-        const int top = dataRow_;
-        const int points = chart.pointCount();
-        dataRow_ += points + 2;
-        const auto data = [&](int r, int c, const QString& value) {
-            if (!value.isEmpty())
-                check(worksheet_write_string(data_, lxw_row_t(r), lxw_col_t(c), value.toUtf8().constData(),
-                                             nullptr));
-        };
-        data(top, 0, chart.title);
-        for (int p = 0; p < points; ++p)
-            data(top + 1 + p, 0, chart.pointLabel(p));
-        for (int s = 0; s < chart.seriesCount(); ++s) {
-            data(top, s + 1, chart.seriesLabel(s));
-            for (int p = 0; p < points; ++p)
-                if (const std::optional<double> v = chart.value(s, p); v && std::isfinite(*v))
-                    check(
-                        worksheet_write_number(data_, lxw_row_t(top + 1 + p), lxw_col_t(s + 1), *v, nullptr));
-        }
-
-        const int type = ExcelChartType(chart);
-        lxw_chart* out = workbook_add_chart(wb_, lxwChartType(type));
-        if (!out)
-            return void(fail(QStringLiteral("the chart could not be made")));
-        const bool pie = type == XlChart::Pie;
-        const auto first = lxw_row_t(top + 1);
-        const auto last = lxw_row_t(top + points);
-        for (int s = 0; s < (pie ? 1 : chart.seriesCount()); ++s) {
-            lxw_chart_series* series = chart_add_series(out, nullptr, nullptr);
-            chart_series_set_categories(series, ChartDataSheet, first, 0, last, 0);
-            chart_series_set_values(series, ChartDataSheet, first, lxw_col_t(s + 1), last, lxw_col_t(s + 1));
-            chart_series_set_name_range(series, ChartDataSheet, lxw_row_t(top), lxw_col_t(s + 1));
-            if (pie)
-                colourSlices(series, chart);
-            else
-                colourSeries(series, chart, s, type);
-        }
-        // A title that starts with "=" would be read as a reference: it is taken from its cell.
-        if (chart.title.isEmpty())
-            chart_title_off(out);
-        else if (chart.title.startsWith(QLatin1Char('=')))
-            chart_title_set_name_range(out, ChartDataSheet, lxw_row_t(top), 0);
-        else
-            chart_title_set_name(out, chart.title.toUtf8().constData());
-        if (isBar(chart) && !pie) {
-            if (!chart.xAxisTitle.isEmpty())
-                chart_axis_set_name(out->x_axis, chart.xAxisTitle.toUtf8().constData());
-            if (!chart.yAxisTitle.isEmpty())
-                chart_axis_set_name(out->y_axis, chart.yAxisTitle.toUtf8().constData());
-        }
-        chart_legend_set_position(out, !chart.showLegend                        ? LXW_CHART_LEGEND_NONE
-                                       : chart.seriesCount() > LegendBelowLimit ? LXW_CHART_LEGEND_RIGHT
-                                                                                : LXW_CHART_LEGEND_BOTTOM);
-        chart_show_blanks_as(out, LXW_CHART_BLANKS_AS_GAP);
-
-        lxw_chart_options options{};
-        options.x_scale = widthPx / DefaultChartWidth;
-        options.y_scale = heightPx / DefaultChartHeight;
-        check(worksheet_insert_chart_opt(sheet.ws, lxw_row_t(row), lxw_col_t(col), out, &options));
-    }
-
-    // The report's own colour of a series or slice, else the scheme's table entry.
-    QColor colourOf(const ReportChart& chart, int index, bool pie) const {
-        if (index < int(chart.seriesColours.size()) && chart.seriesColours[size_t(index)].isValid())
-            return chart.seriesColours[size_t(index)];
-        if (pie)
-            return index < cColours::PieTableSize ? look_.colours.pieEntry(index).toQColor() : QColor();
-        return index < cColours::SeriesTableSize ? look_.colours.seriesEntry(index).toQColor() : QColor();
-    }
-
-    void colourSeries(lxw_chart_series* series, const ReportChart& chart, int s, int type) const {
-        const QColor colour = colourOf(chart, s, false);
-        if (!colour.isValid())
-            return;
-        lxw_chart_line line{};
-        line.color = rgbOf(colour);
-        lxw_chart_fill fill{};
-        fill.color = rgbOf(colour);
-        if (type == XlChart::Line || type == XlChart::XYScatter) {
-            if (type == XlChart::Line)
-                chart_series_set_line(series, &line);
-            chart_series_set_marker_type(series, LXW_CHART_MARKER_CIRCLE);
-            chart_series_set_marker_fill(series, &fill);
-            chart_series_set_marker_line(series, &line);
-        } else {
-            chart_series_set_fill(series, &fill);
-            chart_series_set_line(series, &line);
-        }
-    }
-
-    void colourSlices(lxw_chart_series* series, const ReportChart& chart) const {
-        std::vector<lxw_chart_fill> fills(size_t(chart.pointCount()));
-        std::vector<lxw_chart_point> points(fills.size());
-        std::vector<lxw_chart_point*> list;
-        for (size_t p = 0; p < fills.size(); ++p) {
-            const QColor colour = colourOf(chart, int(p), true);
-            fills[p].color = colour.isValid() ? rgbOf(colour) : 0;
-            points[p].fill = colour.isValid() ? &fills[p] : nullptr;
-            list.push_back(&points[p]);
-        }
-        list.push_back(nullptr);
-        chart_series_set_points(series, list.data());
-    }
-
     lxw_format* format(const Style& style) {
         auto [it, added] = formats_.try_emplace(style, nullptr);
         if (!added)
@@ -551,8 +402,7 @@ private:
     lxw_workbook* wb_;
     const WorkbookLook& look_;
     std::map<Style, lxw_format*> formats_;
-    lxw_worksheet* data_ = nullptr;
-    int dataRow_ = 0;
+    WorkbookCharts charts_;
     QString error_;
 };
 
@@ -616,7 +466,8 @@ bool writeReportsWorkbook(std::span<const Report> reports, const QString& path, 
     QStringList captions;
     for (const Report& report : reports)
         captions << report.caption;
-    return writeWorkbook(reports, workbookSheetNames(captions, {QString::fromLatin1(ChartDataSheet)}), path,
+    return writeWorkbook(reports,
+                         workbookSheetNames(captions, {QString::fromLatin1(WorkbookCharts::DataSheet)}), path,
                          look, error);
 }
 
@@ -626,28 +477,6 @@ QString ExcelColumnLetter(int n) {
     if (hi < 1)
         return QString(QChar(lo + 64));
     return QString(QChar(hi + 64)) + QChar(lo + 64);
-}
-
-int ExcelChartType(const ReportChart& chart) {
-    switch (chart.type) {
-    case ChartType::Bar3d:
-    case ChartType::Bar2d:
-        return chart.stacked && chart.seriesCount() > 1 ? XlChart::ColumnStacked : XlChart::Column;
-    case ChartType::Line3d:
-    case ChartType::Line2d:
-        return XlChart::Line;
-    case ChartType::Area3d:
-    case ChartType::Area2d:
-        return XlChart::Area;
-    case ChartType::Step3d:
-    case ChartType::Step2d:
-        return XlChart::ColumnStacked;
-    case ChartType::Pie2d:
-        return XlChart::Pie;
-    case ChartType::XY2d:
-        return XlChart::XYScatter;
-    }
-    return 0;
 }
 
 QStringList workbookSheetNames(const QStringList& captions, const QStringList& taken) {
