@@ -5,6 +5,7 @@
 // Each line gives the median of five runs beside its goal.
 #include "app/AppContext.h"
 #include "app/DialogService.h"
+#include "bench/BenchTrendStore.h"
 #include "budget/clsBudget.h"
 #include "data/Schema.h"
 #include "data/Stores.h"
@@ -22,45 +23,10 @@
 
 namespace {
 
-constexpr int Bills = 24;
-constexpr int Services = 50000;
 constexpr int Centres = 500;
 constexpr int Periods = 12;
 constexpr int Runs = 5;
-const QString Account = QStringLiteral("BENCH01");
-const Date FirstBill(2010, 1, 28);
-
-QString serviceNumber(int i) {
-    return QStringLiteral("01%1").arg(i, 9, 10, QLatin1Char('0'));
-}
-
-// The same rows as the trend report benchmark writes, so either can reuse the other's store.
-void fillTrendStore(Database& db) {
-    CreateTrendTable(db);
-    const QStringList money = trendMoneyColumns(db);
-    QStringList columns{QStringLiteral("\"BillDate\""), QStringLiteral("\"BillAccount\""),
-                        QStringLiteral("\"Service No\""), QStringLiteral("\"Product Code\"")};
-    QStringList marks(4, QStringLiteral("?"));
-    for (const QString& c : money) {
-        columns << QLatin1Char('"') + c + QLatin1Char('"');
-        marks << QStringLiteral("?");
-    }
-    Transaction tx(db);
-    Statement insert(db, QStringLiteral("INSERT INTO TblSummaryTrend (%1) VALUES (%2)")
-                             .arg(columns.join(QLatin1Char(',')), marks.join(QLatin1Char(','))));
-    for (int b = 0; b < Bills; ++b) {
-        const Date billDate = FirstBill.addMonths(b);
-        for (int s = 0; s < Services; ++s) {
-            insert.bindAll(billDate, Account, serviceNumber(s),
-                           QStringLiteral("P%1").arg(s % 40, 5, 10, QLatin1Char('0')));
-            for (int m = 0; m < money.size(); ++m)
-                insert.bind(5 + m, Money::fromRaw(std::int64_t((s * 7 + b * 13 + m * 31) % 100000)));
-            insert.run();
-            insert.reset();
-        }
-    }
-    tx.commit();
-}
+using namespace bench;
 
 // The selected project's TblCC: level 1 has 500 centres of 100 numbers.
 void fillCostCentres(Database& project) {

@@ -4,6 +4,7 @@
 // With BENCH_MMAP set, the trend store is read through a memory map, for comparison.
 #include "app/AppContext.h"
 #include "app/DialogService.h"
+#include "bench/BenchTrendStore.h"
 #include "data/Schema.h"
 #include "data/Stores.h"
 #include "reports/TrendReports.h"
@@ -16,40 +17,7 @@
 
 namespace {
 
-constexpr int Bills = 24;
-constexpr int Services = 50000;
-const QString Account = QStringLiteral("BENCH01");
-
-QString serviceNumber(int i) {
-    return QStringLiteral("01%1").arg(i, 9, 10, QLatin1Char('0'));
-}
-
-void fillTrendStore(Database& db) {
-    CreateTrendTable(db);
-    const QStringList money = trendMoneyColumns(db);
-    QStringList columns{QStringLiteral("\"BillDate\""), QStringLiteral("\"BillAccount\""),
-                        QStringLiteral("\"Service No\""), QStringLiteral("\"Product Code\"")};
-    QStringList marks{QStringLiteral("?"), QStringLiteral("?"), QStringLiteral("?"), QStringLiteral("?")};
-    for (const QString& c : money) {
-        columns << QLatin1Char('"') + c + QLatin1Char('"');
-        marks << QStringLiteral("?");
-    }
-    Transaction tx(db);
-    Statement insert(db, QStringLiteral("INSERT INTO TblSummaryTrend (%1) VALUES (%2)")
-                             .arg(columns.join(QLatin1Char(',')), marks.join(QLatin1Char(','))));
-    for (int b = 0; b < Bills; ++b) {
-        const Date billDate = Date(2010, 1, 28).addMonths(b);
-        for (int s = 0; s < Services; ++s) {
-            insert.bindAll(billDate, Account, serviceNumber(s),
-                           QStringLiteral("P%1").arg(s % 40, 5, 10, QLatin1Char('0')));
-            for (int m = 0; m < money.size(); ++m)
-                insert.bind(5 + m, Money::fromRaw(std::int64_t((s * 7 + b * 13 + m * 31) % 100000)));
-            insert.run();
-            insert.reset();
-        }
-    }
-    tx.commit();
-}
+using namespace bench;
 
 void fillCostCentres(Database& project) {
     project.execScript(schemaText(QStringLiteral("project")));

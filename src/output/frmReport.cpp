@@ -99,18 +99,9 @@ void frmReport::resizeEvent(QResizeEvent* event) {
 
 void frmReport::grdData_Click(int row, int col) {
     Q_UNUSED(col);
-    std::optional<ReportResult> outcome;
-    navigate([&](ReportContext& rc) {
-        outcome = DrillDown(rc, session_, report(), row);
-        return ReportResult{};
-    });
-    if (!outcome)
-        return;
-    if (!outcome->shown()) {
+    const std::optional<ReportResult> outcome = drillDownRow(row);
+    if (outcome && outcome->status != ReportStatus::Shown)
         ctx_.dialogs.critical(DrillDownFailedText);
-        return;
-    }
-    moveTo(std::move(*outcome->report));
 }
 
 void frmReport::cmdBudget_Click() {

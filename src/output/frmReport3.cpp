@@ -114,18 +114,8 @@ void frmReport3::sortByHeading(int col) {
 }
 
 void frmReport3::drillDown(int row) {
-    std::optional<ReportResult> outcome;
-    navigate([&](ReportContext& rc) {
-        outcome = DrillDown(rc, session_, report(), row);
-        return ReportResult{};
-    });
-    if (!outcome)
-        return;
-    if (outcome->shown()) {
-        moveTo(std::move(*outcome->report));
-        return;
-    }
+    const std::optional<ReportResult> outcome = drillDownRow(row);
     // A report the user stopped needs no message; the window stays as it was.
-    if (outcome->status != ReportStatus::NotProduced)
+    if (outcome && outcome->status != ReportStatus::Shown && outcome->status != ReportStatus::NotProduced)
         ctx_.dialogs.critical(GridReportText::Failed);
 }

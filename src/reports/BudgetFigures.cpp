@@ -82,15 +82,6 @@ QString jsonDates(const std::vector<Date>& dates) {
     return jsonList(iso);
 }
 
-// The indexes of the master's entries that each date stands for.
-QHash<QString, std::vector<int>> entriesOfDate(const std::vector<Date>& dates) {
-    QHash<QString, std::vector<int>> out;
-    for (int i = 0; i < int(dates.size()); ++i)
-        if (dates[size_t(i)].isValid())
-            out[dates[size_t(i)].toIso()].push_back(i);
-    return out;
-}
-
 FamilyAmounts readFamilies(const Statement& st, int first) {
     FamilyAmounts a;
     for (int f = 0; f < 4; ++f)
@@ -171,24 +162,23 @@ std::vector<std::optional<FamilyAmounts>> liveSumsByEntryDate(AppContext& ctx, c
         }
         return out;
     }
-    BoundQuery query{
-        QStringLiteral("SELECT BillDate, SUM(\"Usage Charges\"), SUM(\"Recurring Charges\"), "
-                       "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") FROM TblSummaryTrend") +
-            // A short list of numbers is looked up by number, not found among every row of the dates.
-            (scope.filter.active ? QStringLiteral(" INDEXED BY idxTrendAccountService") : QString()) +
-            QStringLiteral(" WHERE BillAccount = ?") + scope.filter.condition() +
-            QStringLiteral(" AND BillDate IN (SELECT value FROM json_each(?)) GROUP BY ") +
-            scope.filter.dateGroup(),
-        {}};
+    BoundQuery query{QStringLiteral("SELECT BillDate, SUM(\"Usage Charges\"), SUM(\"Recurring Charges\"), "
+                                    "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") ") +
+                         scope.filter.from() + QStringLiteral(" WHERE BillAccount = ?") +
+                         scope.filter.condition() +
+                         QStringLiteral(" AND BillDate IN (SELECT value FROM json_each(?)) GROUP BY ") +
+                         scope.filter.dateGroup(),
+                     {}};
     query.arg(ctx.billAccount);
     scope.filter.bindTo(query);
     query.arg(jsonDates(dates));
-    const QHash<QString, std::vector<int>> entries = entriesOfDate(dates);
+    const DateEntries entries(dates);
     Statement st = prepareBound(ctx.trendDb, query);
     while (st.step()) {
         const FamilyAmounts sums = readFamilies(st, 1);
-        for (int i : entries.value(st.date(0).toIso()))
-            out[size_t(i)] = sums;
+        if (const std::vector<int>* of = entries.find(viewOf(st.rawBytes(0))))
+            for (int i : *of)
+                out[size_t(i)] = sums;
     }
     return out;
 }
@@ -228,7 +218,7 @@ std::optional<std::vector<CentreFigures>> centreFigures(AppContext& ctx, const c
         centresOfName[nameKey(centres[size_t(c)].costCentre)].push_back(c);
     }
     {
-        const QHash<QString, std::vector<int>> entries = entriesOfDate(selectedDates);
+        const DateEntries entries(selectedDates);
         Statement st(ctx.budgetDb,
                      QStringLiteral("SELECT BudgetID, substr(SelectedDate, 1, 10) AS Day, SUM(Usage), "
                                     "SUM(Recurring), SUM(OneOff), SUM(Adjustments) FROM tblBudgetEntry "
@@ -237,8 +227,8 @@ std::optional<std::vector<CentreFigures>> centreFigures(AppContext& ctx, const c
         st.bind(1, master.ID());
         while (st.step()) {
             const auto found = indexOfBudget.constFind(st.integer(0));
-            const auto dates = entries.constFind(st.text(1));
-            if (found == indexOfBudget.constEnd() || dates == entries.constEnd())
+            const std::vector<int>* dates = entries.find(viewOf(st.rawBytes(1)));
+            if (found == indexOfBudget.constEnd() || !dates)
                 continue;
             const FamilyAmounts amounts = readFamilies(st, 2);
             // With shareByName every budget of one centre name adds to every line of that name.

@@ -5,6 +5,13 @@
 // details that fold away.
 #include "reports/ReportContext.h"
 
+// What the budget report menu and the command line say for a report that is not shown.
+namespace BudgetReportStatusText {
+inline const QString NoRecords = QStringLiteral("No records found, unable to display report.");
+inline const QString WholeBill = QStringLiteral("Whole bill budgets are not compatible with this report.");
+inline const QString Failed = QStringLiteral("Error creating the report.");
+} // namespace BudgetReportStatusText
+
 namespace BudgetView {
 constexpr int Total = 5;
 } // namespace BudgetView

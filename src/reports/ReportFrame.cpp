@@ -47,6 +47,11 @@ Statement prepareBound(Database& db, const BoundQuery& query) {
     return st;
 }
 
+QString ServiceFilter::from() const {
+    return active ? QStringLiteral("FROM TblSummaryTrend INDEXED BY idxTrendAccountService")
+                  : QStringLiteral("FROM TblSummaryTrend");
+}
+
 QString ServiceFilter::condition() const {
     return active ? QStringLiteral(" AND \"Service No\" IN (SELECT value FROM json_each(?))") : QString();
 }

@@ -59,6 +59,10 @@ Statement prepareBound(Database& db, const BoundQuery& query);
 struct ServiceFilter {
     bool active = false;
     QString numbersJson;
+    // "FROM TblSummaryTrend", through the number index when there is a list of numbers: the
+    // rows of a few numbers are found by number, not among every row of the account's bills
+    // in the wider index of the bills' figures, which holds the numbers too.
+    QString from() const;
     // " AND \"Service No\" IN (...)" or ""; its one value goes in with bindTo().
     QString condition() const;
     void bindTo(BoundQuery& query) const;

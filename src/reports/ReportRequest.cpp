@@ -1,5 +1,7 @@
 #include "reports/ReportRequest.h"
 
+#include "reports/BudgetReports.h"
+
 namespace {
 
 bool readWhole(const QString& text, int* out) {
@@ -126,10 +128,10 @@ ReportParams reportParamsOf(const ReportRequest& request, QString* error, int bu
 QString reportStatusText(int status, bool budgetReport) {
     if (budgetReport && status != ReportStatus::Shown) {
         if (status == ReportStatus::NoData)
-            return QStringLiteral("No records found, unable to display report.");
+            return BudgetReportStatusText::NoRecords;
         if (status == ReportStatus::NoCostCentreLevel)
-            return QStringLiteral("Whole bill budgets are not compatible with this report.");
-        return QStringLiteral("Error creating the report.");
+            return BudgetReportStatusText::WholeBill;
+        return BudgetReportStatusText::Failed;
     }
     switch (status) {
     case ReportStatus::Shown:

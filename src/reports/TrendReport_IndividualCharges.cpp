@@ -133,7 +133,7 @@ ReportResult TrendReport_IndividualCharges(ReportContext& rc, int level, const Q
         for (int i = 0; i < itemCount; ++i)
             sql += QStringLiteral(", ") + sumExpression(items[size_t(i)].columns) +
                    QStringLiteral(" AS Value%1").arg(i);
-        BoundQuery query{sql + QStringLiteral(" FROM TblSummaryTrend WHERE BillAccount = ?") +
+        BoundQuery query{sql + QLatin1Char(' ') + filter.from() + QStringLiteral(" WHERE BillAccount = ?") +
                              filter.condition() + QStringLiteral(" GROUP BY ") + filter.dateGroup() +
                              QStringLiteral(" ORDER BY BillDate"),
                          {}};

@@ -46,10 +46,10 @@ ReportResult TrendReport_ServiceLevel2(ReportContext& rc, int level, const QStri
         location = 100;
         BoundQuery query{
             QStringLiteral("SELECT BillDate, SUM(\"Usage Charges\"), SUM(\"Recurring Charges\"), "
-                           "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") "
-                           "FROM TblSummaryTrend WHERE BillAccount = ?") +
-                filter.condition() + QStringLiteral(" AND \"Product Code\" = ? COLLATE NOCASE GROUP BY ") +
-                filter.dateGroup() + QStringLiteral(" ORDER BY BillDate"),
+                           "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") ") +
+                filter.from() + QStringLiteral(" WHERE BillAccount = ?") + filter.condition() +
+                QStringLiteral(" AND \"Product Code\" = ? COLLATE NOCASE GROUP BY ") + filter.dateGroup() +
+                QStringLiteral(" ORDER BY BillDate"),
             {}};
         query.arg(ctx.billAccount);
         filter.bindTo(query);

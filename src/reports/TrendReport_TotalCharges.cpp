@@ -37,10 +37,9 @@ ReportResult TrendReport_TotalCharges(ReportContext& rc, int level, const QStrin
         location = 100;
         BoundQuery query{
             QStringLiteral("SELECT BillDate, SUM(\"Usage Charges\"), SUM(\"Recurring Charges\"), "
-                           "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") "
-                           "FROM TblSummaryTrend WHERE BillAccount = ?") +
-                filter.condition() + QStringLiteral(" GROUP BY ") + filter.dateGroup() +
-                QStringLiteral(" ORDER BY BillDate"),
+                           "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") ") +
+                filter.from() + QStringLiteral(" WHERE BillAccount = ?") + filter.condition() +
+                QStringLiteral(" GROUP BY ") + filter.dateGroup() + QStringLiteral(" ORDER BY BillDate"),
             {}};
         query.arg(ctx.billAccount);
         filter.bindTo(query);

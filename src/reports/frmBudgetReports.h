@@ -1,6 +1,7 @@
 #pragma once
 // The budget report menu: the budgets of the selected project in one list, and the
 // periodic, accumulative, top-10 and financial directors reports of the one chosen.
+#include "reports/BudgetReports.h"
 #include "reports/ReportNavigation.h"
 
 #include <QDialog>
@@ -20,9 +21,9 @@ struct AppContext;
 namespace BudgetReportsText {
 inline const QString SelectProject = QStringLiteral("Please select a project.");
 inline const QString SelectBudget = QStringLiteral("Please select a budget.");
-inline const QString NoRecords = QStringLiteral("No records found, unable to display report.");
-inline const QString WholeBill = QStringLiteral("Whole bill budgets are not compatible with this report.");
-inline const QString Failed = QStringLiteral("Error creating the report.");
+inline const QString& NoRecords = BudgetReportStatusText::NoRecords;
+inline const QString& WholeBill = BudgetReportStatusText::WholeBill;
+inline const QString& Failed = BudgetReportStatusText::Failed;
 inline const QString NoProjectItem = QStringLiteral("Please select a project");
 inline const QString NoBudgetItem = QStringLiteral("Please select a budget");
 } // namespace BudgetReportsText

@@ -165,6 +165,20 @@ void ReportWindow::cmdPrevReport_Click() {
         moveTo(std::move(*result.report));
 }
 
+std::optional<ReportResult> ReportWindow::drillDownRow(int row) {
+    std::optional<ReportResult> outcome;
+    navigate([&](ReportContext& rc) {
+        outcome = DrillDown(rc, session_, report_, row);
+        return ReportResult{};
+    });
+    if (outcome && outcome->shown()) {
+        ReportResult shown{outcome->status, std::nullopt};
+        moveTo(std::move(*outcome->report));
+        return shown;
+    }
+    return outcome;
+}
+
 void ReportWindow::cmdOutputExcel_Click() {
     // The report's title names the file, less what a file name cannot hold.
     QString name = report_.caption.isEmpty() ? QStringLiteral("Report") : report_.caption;

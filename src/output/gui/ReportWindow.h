@@ -79,6 +79,10 @@ protected:
     // Runs one move between levels with the hourglass and, for the long reports, a
     // progress dialog that can stop it.
     ReportResult navigate(const std::function<ReportResult(ReportContext&)>& move);
+    // A click on grid row `row`: opens the next level, if the row leads to one, and shows it
+    // (here or in the window of its kind). nullopt when the row leads nowhere; else the
+    // result, which the window answers with its own message when the level failed.
+    std::optional<ReportResult> drillDownRow(int row);
     // Registers a strip button left of the output buttons.
     ClickableLabel* addStripButton(const QString& name, const QString& caption, const QString& hint);
 
