@@ -2,26 +2,18 @@
 
 #include "app/Startup.h"
 #include "data/Database.h"
-#include "data/ProjectHistory.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTest>
 
-QString FileDialogRecorder::openFile(const QString& title, const QString& filter, const QString& folder) {
-    asked.push_back({title, filter, folder});
-    return RecordingDialogService::openFile(title, filter, folder);
-}
-
-DemoSite::DemoSite(int bills, int linesPerBill) {
+DemoSite::DemoSite() {
     DemoOptions options;
     options.folder = dir.path(QStringLiteral("demo"));
     options.accounts = 2;
-    options.bills = bills;
-    options.linesPerBill = linesPerBill;
+    options.bills = 3;
+    options.linesPerBill = 40;
     demo = writeDemoInstallation(options);
-
     auto paths =
         std::make_unique<cPathControl>(dir.path(QStringLiteral("prog")), dir.path(QStringLiteral("machine")),
                                        QStringLiteral(VANTREL_SYSTEM_DIR));
@@ -45,57 +37,17 @@ QStringList DemoSite::bills(int account) const {
     return out;
 }
 
-QString DemoSite::refusedRegionBill() const {
-    for (const DemoFile& file : demo.files)
-        if (file.path.endsWith(QStringLiteral("_IRE.mdb")))
-            return file.path;
-    return QString();
-}
-
-QString DemoSite::otherSourceBill() const {
-    for (const DemoFile& file : demo.files)
-        if (file.path.endsWith(QStringLiteral("_ImportsA.mdb")))
-            return file.path;
-    return QString();
-}
-
-QString DemoSite::copyOf(const QString& bill, const QString& name, const QString& imports,
-                         int callRows) const {
-    const QString path = QDir(demo.projectFolder).filePath(name);
-    QFile::remove(path);
-    if (!QFile::copy(bill, path))
+QString DemoSite::copyOf(const QString& path, const QString& script) const {
+    const QString copy = QDir(demo.projectFolder).filePath(path);
+    QFile::remove(copy);
+    if (!QDir().mkpath(QFileInfo(copy).path()) || !QFile::copy(bills(0).first(), copy))
         qFatal("cannot copy a bill");
-    Database db = Database::open(path);
-    if (!imports.isNull())
-        db.exec(QStringLiteral("UPDATE Tbl50 SET Imports = ?"), imports);
-    if (callRows >= 0) {
-        db.exec(QStringLiteral("DELETE FROM Tbl997"));
-        for (int i = 0; i < callRows; ++i)
-            db.exec(QStringLiteral("INSERT INTO Tbl997 (CallID) VALUES (?)"), i + 1);
-    }
-    return path;
-}
-
-QStringList DemoSite::recentProjects() const {
-    return LoadHistory(ctx.paths->AppFolder);
+    if (!script.isEmpty())
+        Database::open(copy).execScript(script);
+    return copy;
 }
 
 qint64 DemoSite::trendRows(const QString& account) {
     return queryInt(ctx.trendDb, QStringLiteral("SELECT count(*) FROM tblSummaryTrend WHERE BillAccount = ?"),
                     account);
-}
-
-QString listAmount(qint64 tenThousandths) {
-    const bool negative = tenThousandths < 0;
-    const qint64 thousandths = ((negative ? -tenThousandths : tenThousandths) + 5) / 10;
-    QString whole = QString::number(thousandths / 1000);
-    for (int at = int(whole.size()) - 3; at > 0; at -= 3)
-        whole.insert(at, QLatin1Char(','));
-    const QString text = QStringLiteral("£%1.%2").arg(whole).arg(thousandths % 1000, 3, 10, QLatin1Char('0'));
-    return negative && thousandths != 0 ? QLatin1Char('-') + text : text;
-}
-
-qint64 queryFile(const QString& file, const QString& sql) {
-    Database db = Database::open(file, Database::Mode::ReadOnly);
-    return queryInt(db, sql);
 }

@@ -9,11 +9,10 @@
 #include <QWidget>
 
 void FakeClock::yield() {
-    ++yields_;
-    elapsedMs_ += stepMs_;
+    elapsedMs_ += 100;
     QCoreApplication::processEvents();
     if (onYield)
-        onYield(yields_);
+        onYield(++yields_);
 }
 
 Installation::Installation() {
@@ -23,15 +22,11 @@ Installation::Installation() {
         QFile::copy(QStringLiteral(VANTREL_SYSTEM_DIR "/") + t, systemFile(t));
 }
 
-void Installation::writeStore(const QString& file, const QString& schema) const {
-    createDatabaseFromSchema(appFile(file), schema);
-}
-
 void Installation::writeAllStores() const {
-    writeStore(StoreFile::Budgets, QStringLiteral("budgets"));
-    writeStore(StoreFile::Trend, QStringLiteral("trend"));
-    writeStore(StoreFile::CostCentres, QStringLiteral("costcentres"));
-    writeStore(StoreFile::Telephones, QStringLiteral("tel"));
+    createDatabaseFromSchema(appFile(StoreFile::Budgets), QStringLiteral("budgets"));
+    createDatabaseFromSchema(appFile(StoreFile::Trend), QStringLiteral("trend"));
+    createDatabaseFromSchema(appFile(StoreFile::CostCentres), QStringLiteral("costcentres"));
+    createDatabaseFromSchema(appFile(StoreFile::Telephones), QStringLiteral("tel"));
 }
 
 std::unique_ptr<cPathControl> Installation::paths() const {
@@ -43,10 +38,10 @@ std::unique_ptr<cPathControl> Installation::paths() const {
     return p;
 }
 
-int visibleWindows(const char* className) {
-    int n = 0;
+QList<QWidget*> visibleWindows(const char* className) {
+    QList<QWidget*> out;
     for (QWidget* w : QApplication::topLevelWidgets())
         if (w->isVisible() && w->inherits(className))
-            ++n;
-    return n;
+            out << w;
+    return out;
 }

@@ -12,21 +12,15 @@
 
 class FakeClock : public StartupClock {
 public:
-    explicit FakeClock(int stepMs = 100)
-        : stepMs_(stepMs) {}
-    QDateTime now() override { return start_.addMSecs(elapsedMs_); }
-    void yield() override;
-
+    QDateTime now() override { return QDateTime(QDate(2012, 1, 31), QTime(9, 0)).addMSecs(elapsedMs_); }
+    void yield() override; // takes 0.1 s
     void advance(qint64 ms) { elapsedMs_ += ms; }
     qint64 elapsedMs() const { return elapsedMs_; }
-    int yields() const { return yields_; }
     // Runs at every yield, with the number of the yield (1 for the first).
     std::function<void(int)> onYield;
 
 private:
-    QDateTime start_{QDate(2012, 1, 31), QTime(9, 0)};
     qint64 elapsedMs_ = 0;
-    int stepMs_;
     int yields_ = 0;
 };
 
@@ -35,7 +29,6 @@ public:
     Installation();
     QString appFile(const QString& name) const { return dir.path(QStringLiteral("app/") + name); }
     QString systemFile(const QString& name) const { return dir.path(QStringLiteral("system/") + name); }
-    void writeStore(const QString& file, const QString& schema) const;
     void writeAllStores() const;
     std::unique_ptr<cPathControl> paths() const;
 
@@ -45,4 +38,4 @@ public:
 };
 
 // The visible top-level windows of a class, e.g. "frmMenu".
-int visibleWindows(const char* className);
+QList<QWidget*> visibleWindows(const char* className);

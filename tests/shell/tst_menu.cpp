@@ -3,47 +3,24 @@
 #include "app/HelpTopics.h"
 #include "app/Startup.h"
 #include "app/frmMenu.h"
+#include "data/Database.h"
 #include "ui/HelpWindow.h"
-#include "ui/uctFooter.h"
-#include "ui/uctHeader.h"
 
 #include <QApplication>
-#include <QEnterEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
-#include <QTextBrowser>
-
-namespace {
-
-void hover(QWidget* w) {
-    QEnterEvent enter(QPointF(2, 2), QPointF(2, 2), QPointF(2, 2));
-    QApplication::sendEvent(w, &enter);
-}
-
-void leave(QWidget* w) {
-    QEvent event(QEvent::Leave);
-    QApplication::sendEvent(w, &event);
-}
-
-} // namespace
 
 class MenuTest : public QObject {
     Q_OBJECT
 private slots:
     void init();
     void cleanup();
-    void formCaptionsAndVersion();
-    void buttonsHaveTheirCaptionsAndHints_data();
-    void buttonsHaveTheirCaptionsAndHints();
-    void hoverPutsTheHintIntoTheHelpLine();
-    void openingButtonsStayDisabledUntilPluggedIn();
-    void trendButtonsFollowTheSelectedProject();
-    void openingAFormCancelsAndRefreshesTheSelector();
+    void openersAndTheProjectEnableTheButtons();
     void helpOpensTheMenuTopic();
-    void exitGoesThroughShutDown();
-    void closingTheWindowGoesThroughShutDown();
+    void exitAndClosingGoThroughShutDown_data();
+    void exitAndClosingGoThroughShutDown();
 
 private:
     std::unique_ptr<Installation> inst_;
@@ -66,147 +43,65 @@ void MenuTest::cleanup() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void MenuTest::formCaptionsAndVersion() {
-    QCOMPARE(menu_->windowTitle(), QStringLiteral("Vantrel"));
-    QVERIFY(!menu_->windowIcon().isNull());
-    QCOMPARE(menu_->findChild<QLabel*>(QStringLiteral("lblProject"))->text(),
-             QStringLiteral("Selected Project"));
-    QCOMPARE(menu_->findChild<QGroupBox*>(QStringLiteral("frameTrend"))->title(), QStringLiteral("Trending"));
-    QCOMPARE(menu_->findChild<QGroupBox*>(QStringLiteral("frameBudget"))->title(),
-             QStringLiteral("Budget Tracking"));
-    QCOMPARE(menu_->hintLabel()->text(), QStringLiteral("Help"));
-    QCOMPARE(menu_->findChild<QLabel*>(QStringLiteral("lblVersion"))->text(),
-             QStringLiteral("Version ") + programVersion());
-    QCOMPARE(menu_->header()->Title(), QStringLiteral("Vantrel"));
-    QCOMPARE(menu_->footer()->ExitButtonText(), QStringLiteral("Back"));
-    QVERIFY(menu_->projectSelectorPlace());
-}
-
-void MenuTest::buttonsHaveTheirCaptionsAndHints_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<QString>("hint");
-    QTest::newRow("trend management") << "cmdTrendManagement"
-                                      << "Trend Management"
-                                      << "Facility to allow trends data to be managed";
-    QTest::newRow("trend reports") << "cmdTrendReports"
-                                   << "Reports"
-                                   << "Trend analysis reports";
-    QTest::newRow("budget management") << "cmdBudgetManagement"
-                                       << "Budget Management"
-                                       << "Facility to allow budget data to be managed";
-    QTest::newRow("budget reports") << "cmdBudgetReports"
-                                    << "Reports"
-                                    << "Budget analysis reports";
-    QTest::newRow("help") << "cmdHelp"
-                          << "Help"
-                          << "Show Help";
-    QTest::newRow("exit") << "cmdExit"
-                          << "Exit"
-                          << "Exit from the Vantrel";
-}
-
-void MenuTest::buttonsHaveTheirCaptionsAndHints() {
-    QFETCH(QString, name);
-    QFETCH(QString, caption);
-    QFETCH(QString, hint);
-    auto* button = menu_->findChild<QPushButton*>(name);
-    QVERIFY(button);
-    QCOMPARE(button->text(), caption);
-    // The balloon: the caption in bold over the hint.
-    QVERIFY(button->toolTip().contains(QStringLiteral("<b>") + caption + QStringLiteral("</b>")));
-    QVERIFY(button->toolTip().contains(hint));
-    hover(button);
-    QCOMPARE(menu_->hintLabel()->text(), hint);
-}
-
-void MenuTest::hoverPutsTheHintIntoTheHelpLine() {
-    QPushButton* reports = menu_->button(frmMenu::Opener::BudgetReports);
-    QPushButton* management = menu_->button(frmMenu::Opener::BudgetManagement);
-    hover(reports);
-    QCOMPARE(menu_->hintLabel()->text(), QStringLiteral("Budget analysis reports"));
-    leave(reports);
-    QCOMPARE(menu_->hintLabel()->text(), QStringLiteral("Help"));
-    hover(management);
-    QCOMPARE(menu_->hintLabel()->text(), QStringLiteral("Facility to allow budget data to be managed"));
-}
-
-void MenuTest::openingButtonsStayDisabledUntilPluggedIn() {
-    for (auto which : {frmMenu::Opener::TrendManagement, frmMenu::Opener::TrendReports,
-                       frmMenu::Opener::BudgetManagement, frmMenu::Opener::BudgetReports})
-        QVERIFY(!menu_->button(which)->isEnabled());
-    menu_->setOpener(frmMenu::Opener::BudgetManagement, [] {});
-    QVERIFY(menu_->button(frmMenu::Opener::BudgetManagement)->isEnabled());
-    QVERIFY(!menu_->button(frmMenu::Opener::BudgetReports)->isEnabled());
-    QVERIFY(menu_->findChild<QPushButton*>(QStringLiteral("cmdHelp"))->isEnabled());
-    QVERIFY(menu_->findChild<QPushButton*>(QStringLiteral("cmdExit"))->isEnabled());
-}
-
-void MenuTest::trendButtonsFollowTheSelectedProject() {
+void MenuTest::openersAndTheProjectEnableTheButtons() {
+    using O = frmMenu::Opener;
+    const auto enabled = [this] {
+        QString out;
+        for (O which : {O::TrendManagement, O::TrendReports, O::BudgetManagement, O::BudgetReports})
+            out += menu_->button(which)->isEnabled() ? 'y' : 'n';
+        return out + (menu_->findChild<QGroupBox*>(QStringLiteral("frameTrend"))->isEnabled() ? 'y' : 'n');
+    };
+    // A button without its form stays disabled.
+    QCOMPARE(enabled().left(4), QStringLiteral("nnnn"));
+    menu_->setOpener(O::BudgetManagement, [] {});
+    QCOMPARE(enabled().left(4), QStringLiteral("nnyn"));
     int opened = 0;
-    for (auto which : {frmMenu::Opener::TrendManagement, frmMenu::Opener::TrendReports,
-                       frmMenu::Opener::BudgetManagement, frmMenu::Opener::BudgetReports})
+    for (O which : {O::TrendManagement, O::TrendReports, O::BudgetReports})
         menu_->setOpener(which, [&opened] { ++opened; });
-    auto* frameTrend = menu_->findChild<QGroupBox*>(QStringLiteral("frameTrend"));
-    QPushButton* trend = menu_->button(frmMenu::Opener::TrendManagement);
-    QPushButton* trendReports = menu_->button(frmMenu::Opener::TrendReports);
-
-    // No project: budgets only.
-    QVERIFY(!frameTrend->isEnabled() && !trend->isEnabled() && !trendReports->isEnabled());
-    QVERIFY(menu_->button(frmMenu::Opener::BudgetReports)->isEnabled());
-
+    // No project: budgets only. The trend buttons and their frame follow the project.
+    QCOMPARE(enabled(), QStringLiteral("nnyyn"));
     inst_->ctx.trendEnabled = true;
     menu_->projectChanged();
-    QVERIFY(frameTrend->isEnabled() && trend->isEnabled() && trendReports->isEnabled());
-
+    QCOMPARE(enabled(), QStringLiteral("yyyyy"));
     inst_->ctx.trendEnabled = false;
     menu_->projectChanged();
-    QVERIFY(!frameTrend->isEnabled() && !trend->isEnabled());
-    QVERIFY(menu_->button(frmMenu::Opener::BudgetManagement)->isEnabled());
+    QCOMPARE(enabled(), QStringLiteral("nnyyn"));
     QCOMPARE(opened, 0);
 }
 
-void MenuTest::openingAFormCancelsAndRefreshesTheSelector() {
-    QStringList calls;
-    auto* selector = new QLabel(QStringLiteral("selector"));
-    menu_->setProjectSelector(
-        selector, [&calls] { calls << QStringLiteral("cancel"); },
-        [&calls] { calls << QStringLiteral("refresh"); });
-    QCOMPARE(selector->parentWidget(), menu_->projectSelectorPlace());
-    menu_->setOpener(frmMenu::Opener::BudgetReports, [&calls] { calls << QStringLiteral("form"); });
-    QTest::mouseClick(menu_->button(frmMenu::Opener::BudgetReports), Qt::LeftButton);
-    QCOMPARE(calls, (QStringList{"cancel", "form", "refresh"}));
-}
-
 void MenuTest::helpOpensTheMenuTopic() {
-    QTest::mouseClick(menu_->findChild<QPushButton*>(QStringLiteral("cmdHelp")), Qt::LeftButton);
-    HelpWindow* help = nullptr;
-    for (QWidget* w : QApplication::topLevelWidgets())
-        if (auto* h = qobject_cast<HelpWindow*>(w); h && h->isVisible())
-            help = h;
-    QVERIFY(help);
-    QCOMPARE(help->topic(), HelpTopic::MainMenu);
-    QVERIFY(help->pageFound());
-    QVERIFY(help->browser()->toPlainText().contains(QStringLiteral("Trend Management")));
-    help->close();
-
-    // A click on the hint line does the same.
-    QTest::mouseClick(menu_->hintLabel(), Qt::LeftButton);
-    QVERIFY(visibleWindows("HelpWindow") == 1);
+    // The help button and a click on the hint line both open the menu's page.
+    for (QWidget* clicked : {static_cast<QWidget*>(menu_->findChild<QPushButton*>(QStringLiteral("cmdHelp"))),
+                             static_cast<QWidget*>(menu_->hintLabel())}) {
+        QTest::mouseClick(clicked, Qt::LeftButton);
+        const QList<QWidget*> windows = visibleWindows("HelpWindow");
+        QCOMPARE(windows.size(), 1);
+        auto* help = qobject_cast<HelpWindow*>(windows[0]);
+        QCOMPARE(help->topic(), HelpTopic::MainMenu);
+        QVERIFY(help->pageFound());
+        help->close();
+    }
 }
 
-void MenuTest::exitGoesThroughShutDown() {
-    QTest::mouseClick(menu_->findChild<QPushButton*>(QStringLiteral("cmdExit")), Qt::LeftButton);
+void MenuTest::exitAndClosingGoThroughShutDown_data() {
+    QTest::addColumn<bool>("exitButton");
+    QTest::newRow("exit button") << true;
+    QTest::newRow("closing the window") << false;
+}
+
+void MenuTest::exitAndClosingGoThroughShutDown() {
+    QFETCH(bool, exitButton);
+    inst_->ctx.projectDb = Database::openMemory();
+    if (exitButton)
+        QTest::mouseClick(menu_->findChild<QPushButton*>(QStringLiteral("cmdExit")), Qt::LeftButton);
+    else
+        menu_->close();
     QVERIFY(!menu_->isVisible());
-    QVERIFY(!inst_->ctx.trendDb.isOpen());
-    QVERIFY(!inst_->ctx.telDb.isOpen());
+    for (const Database* db :
+         {&inst_->ctx.projectDb, &inst_->ctx.trendDb, &inst_->ctx.telDb, &inst_->ctx.costCentreDb})
+        QVERIFY(!db->isOpen());
+    // The budget store stays open to the end.
     QVERIFY(inst_->ctx.budgetDb.isOpen());
-}
-
-void MenuTest::closingTheWindowGoesThroughShutDown() {
-    menu_->close();
-    QVERIFY(!inst_->ctx.trendDb.isOpen());
-    QVERIFY(!inst_->ctx.costCentreDb.isOpen());
 }
 
 VANTREL_TEST(MenuTest);

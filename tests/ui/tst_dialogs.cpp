@@ -1,104 +1,126 @@
+#include "TempDir.h"
 #include "TestRegistry.h"
 #include "app/BrowseForFile.h"
 #include "app/DialogService.h"
+#include "app/HelpTopics.h"
+#include "app/cPathControl.h"
 #include "ui/ChoosePrinter.h"
+#include "ui/HelpWindow.h"
 
+#include <QDir>
+#include <QFile>
 #include <QPageLayout>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QRegularExpression>
 #include <QTest>
+#include <QTextBrowser>
 
 namespace {
 
-// Keeps what the file dialog was asked, answers with a set file.
+// Keeps the filter the file dialog was asked with.
 class AskedDialogs : public RecordingDialogService {
 public:
     QString openFile(const QString& title, const QString& filter, const QString& folder) override {
-        askedTitle = title;
         askedFilter = filter;
-        askedFolder = folder;
         return RecordingDialogService::openFile(title, filter, folder);
     }
-    QString askedTitle, askedFilter, askedFolder;
+    QString askedFilter;
 };
 
 } // namespace
 
+// The file and print dialogs, and the help window.
 class DialogsTest : public QObject {
     Q_OBJECT
 private slots:
-    void browseAsksForProjectsOrAnyFile_data();
-    void browseAsksForProjectsOrAnyFile();
-    void browseGivesTheChosenFileOrNothing();
-    void choosePrinterSetsTheChosenOrientation_data();
-    void choosePrinterSetsTheChosenOrientation();
-    void cancelledPrintDialogAnswersFalse();
+    void cleanup();
+    void browseOffersProjectsForAnyCaseOfMdb();
+    void choosePrinterTakesTheOrientation();
+    void everyTopicHasAPageAndItsLinksResolve();
+    void helpPagesAreLookedForInOrder_data();
+    void helpPagesAreLookedForInOrder();
 };
 
-void DialogsTest::browseAsksForProjectsOrAnyFile_data() {
-    QTest::addColumn<QString>("extension");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("filter");
-    const QString project = QStringLiteral("Project File(*.MDB)|*.MDB|All Files|*.*");
-    QTest::newRow("mdb") << "mdb"
-                         << "Please select a Project" << project;
-    QTest::newRow("MDB") << "MDB"
-                         << "Please select a Project" << project;
-    QTest::newRow("Mdb") << "Mdb"
-                         << "Please select a Project" << project;
-    QTest::newRow("xls") << "xls"
-                         << "Please select a file"
-                         << "All Files|*.*";
-    QTest::newRow("none") << ""
-                          << "Please select a file"
-                          << "All Files|*.*";
+void DialogsTest::cleanup() {
+    for (QWidget* w : QApplication::topLevelWidgets())
+        w->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void DialogsTest::browseAsksForProjectsOrAnyFile() {
-    QFETCH(QString, extension);
-    QFETCH(QString, title);
-    QFETCH(QString, filter);
-    AskedDialogs dialogs;
-    BrowseForFile(dialogs, extension, QStringLiteral("/projects"));
-    QCOMPARE(dialogs.askedTitle, title);
-    QCOMPARE(dialogs.askedFilter, filter);
-    QCOMPARE(dialogs.askedFolder, QStringLiteral("/projects"));
+void DialogsTest::browseOffersProjectsForAnyCaseOfMdb() {
+    for (const char* extension : {"mdb", "MDB", "Mdb", "xls", ""}) {
+        AskedDialogs dialogs;
+        dialogs.files.push_back(QStringLiteral("/projects/Jan2012.mdb"));
+        QCOMPARE(BrowseForFile(dialogs, QString::fromLatin1(extension)),
+                 QStringLiteral("/projects/Jan2012.mdb"));
+        QCOMPARE(dialogs.askedFilter.contains(QStringLiteral("*.MDB")),
+                 QString::fromLatin1(extension).toLower() == QStringLiteral("mdb"));
+        QCOMPARE(BrowseForFile(dialogs, QString::fromLatin1(extension)), QString()); // cancelled
+    }
 }
 
-void DialogsTest::browseGivesTheChosenFileOrNothing() {
-    AskedDialogs dialogs;
-    dialogs.files.push_back(QStringLiteral("/projects/Jan2012.mdb"));
-    QCOMPARE(BrowseForFile(dialogs, QStringLiteral("mdb")), QStringLiteral("/projects/Jan2012.mdb"));
-    QCOMPARE(BrowseForFile(dialogs, QStringLiteral("mdb")), QString()); // cancelled
-}
-
-void DialogsTest::choosePrinterSetsTheChosenOrientation_data() {
-    QTest::addColumn<int>("chosen");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("landscape") << int(QPageLayout::Landscape) << int(QPageLayout::Landscape);
-    QTest::newRow("portrait") << int(QPageLayout::Portrait) << int(QPageLayout::Portrait);
-}
-
-void DialogsTest::choosePrinterSetsTheChosenOrientation() {
-    QFETCH(int, chosen);
-    QFETCH(int, expected);
-    QPrinter printer;
-    printer.setPageOrientation(chosen == int(QPageLayout::Landscape) ? QPageLayout::Portrait
-                                                                     : QPageLayout::Landscape);
-    bool pageRangeOffered = true;
-    const bool ok = ChoosePrinter(printer, nullptr, [&](QPrintDialog& dialog) {
-        pageRangeOffered = dialog.testOption(QAbstractPrintDialog::PrintPageRange);
-        dialog.printer()->setPageOrientation(QPageLayout::Orientation(chosen));
-        return true;
-    });
-    QVERIFY(ok);
-    QVERIFY(!pageRangeOffered);
-    QCOMPARE(int(printer.pageLayout().orientation()), expected);
-}
-
-void DialogsTest::cancelledPrintDialogAnswersFalse() {
+void DialogsTest::choosePrinterTakesTheOrientation() {
+    for (auto chosen : {QPageLayout::Landscape, QPageLayout::Portrait}) {
+        QPrinter printer;
+        printer.setPageOrientation(chosen == QPageLayout::Landscape ? QPageLayout::Portrait
+                                                                    : QPageLayout::Landscape);
+        bool pageRangeOffered = true;
+        QVERIFY(ChoosePrinter(printer, nullptr, [&](QPrintDialog& dialog) {
+            pageRangeOffered = dialog.testOption(QAbstractPrintDialog::PrintPageRange);
+            dialog.printer()->setPageOrientation(chosen);
+            return true;
+        }));
+        QVERIFY(!pageRangeOffered);
+        QCOMPARE(printer.pageLayout().orientation(), chosen);
+    }
     QPrinter printer;
     QVERIFY(!ChoosePrinter(printer, nullptr, [](QPrintDialog&) { return false; }));
+}
+
+void DialogsTest::everyTopicHasAPageAndItsLinksResolve() {
+    const QDir source(QStringLiteral(VANTREL_SOURCE_DIR "/share/help"));
+    const QRegularExpression link(QStringLiteral("href=\"([^\"#:]+)\""));
+    for (int topic : HelpTopic::All) {
+        QFile file(source.filePath(QString::number(topic) + QStringLiteral(".html")));
+        QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.fileName()));
+        const QString html = QString::fromUtf8(file.readAll());
+        QVERIFY2(html.contains(QStringLiteral("<h1>")), qPrintable(file.fileName()));
+        for (auto it = link.globalMatch(html); it.hasNext();) {
+            const QString target = it.next().captured(1);
+            QVERIFY2(QFile::exists(source.filePath(target)), qPrintable(file.fileName() + " -> " + target));
+        }
+    }
+}
+
+void DialogsTest::helpPagesAreLookedForInOrder_data() {
+    QTest::addColumn<int>("topic");
+    QTest::addColumn<bool>("found");
+    QTest::addColumn<QString>("text");
+    // The system folder holds a page of its own for 10006 only.
+    QTest::newRow("system folder first") << 10006 << true << "Installed page";
+    QTest::newRow("then the build tree") << HelpTopic::BudgetForms << true << "Master budgets";
+    QTest::newRow("nowhere") << 99999 << false << "Help is not available";
+}
+
+void DialogsTest::helpPagesAreLookedForInOrder() {
+    QFETCH(int, topic);
+    QFETCH(bool, found);
+    QFETCH(QString, text);
+    testing::TempDir system;
+    system.write(QStringLiteral("help/10006.html"), "<html><body><h1>Installed page</h1></body></html>");
+    testing::TempDir prog;
+    cPathControl paths(prog.path(), prog.path(), system.path());
+    paths.DataSystemFolder = system.path();
+    QCOMPARE(helpPagePath(&paths, topic).isEmpty(), !found);
+    HelpWindow* help = ShowHelp(&paths, topic);
+    QVERIFY(help->isVisible());
+    QCOMPARE(help->pageFound(), found);
+    QCOMPARE(help->topic(), topic);
+    QVERIFY(help->browser()->toPlainText().contains(text));
+    QVERIFY(found || help->browser()->toPlainText().contains(QString::number(topic)));
+    // One help window for the whole program.
+    QCOMPARE(ShowHelp(&paths, HelpTopic::MainMenu), help);
 }
 
 VANTREL_TEST(DialogsTest);
