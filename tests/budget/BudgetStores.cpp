@@ -2,15 +2,33 @@
 
 #include "data/Schema.h"
 
-#include <stdexcept>
-
 namespace testing {
 
 Money money(const char* text) {
     const std::optional<Money> m = Money::parse(QString::fromLatin1(text));
-    if (!m)
-        throw std::invalid_argument(text);
-    return *m;
+    Q_ASSERT_X(m, "money", text);
+    return m.value_or(Money());
+}
+
+QString amounts(Money usage, Money recurring, Money oneOff, Money adjustments) {
+    QStringList parts;
+    for (Money m : {usage, recurring, oneOff, adjustments}) {
+        QString t = m.toPlainString();
+        while (t.contains(QLatin1Char('.')) && (t.endsWith(QLatin1Char('0')) || t.endsWith(QLatin1Char('.'))))
+            t.chop(1);
+        parts << t;
+    }
+    return parts.join(QLatin1Char('/'));
+}
+
+QStringList entriesOf(const clsBudget& b) {
+    QStringList rows;
+    for (int i = 1; i <= b.EntryCount(); ++i) {
+        const clsBudgetCostEntry& e = b.Entry(i);
+        rows << e.SelectedDate.toIso() + QLatin1Char(':') +
+                    amounts(e.Usage, e.Recurring, e.OneOff, e.Adjustments);
+    }
+    return rows;
 }
 
 BudgetStores::BudgetStores()
@@ -32,18 +50,12 @@ void BudgetStores::trendRow(const QString& account, const Date& billDate, const 
 
 void BudgetStores::costCentre(const QString& account, const QString& tel, const QString& level1,
                               const QString& level2) {
-    Statement st(projectDb,
-                 QStringLiteral("INSERT INTO TblCC (VeloraAccount, TelNo, CostCentre1, CostCentre2) "
-                                "VALUES (?, ?, ?, ?)"));
-    st.bindAll(account, tel, level1);
-    if (level2.isNull())
-        st.bindNull(4);
-    else
-        st.bind(4, level2);
-    st.run();
+    projectDb.exec(QStringLiteral("INSERT INTO TblCC (VeloraAccount, TelNo, CostCentre1, CostCentre2) "
+                                  "VALUES (?, ?, ?, NULLIF(?, ''))"),
+                   account, tel, level1, level2);
 }
 
-int BudgetStores::master(const QString& title, const QString& account, int level) {
+int BudgetStores::master(const QString& title, int level, const QString& account) {
     budgetDb.exec(
         QStringLiteral("INSERT INTO tblBudget (Title, BillAccount, CCLevel, CCName, Created, MasterID, "
                        "BudgetType) VALUES (?, ?, ?, '', '2023-01-01', -1, -1)"),
@@ -51,12 +63,11 @@ int BudgetStores::master(const QString& title, const QString& account, int level
     return int(budgetDb.lastInsertRowId());
 }
 
-int BudgetStores::child(int masterId, const QString& title, const QString& account, int level,
-                        const QString& costCentre) {
+int BudgetStores::child(int masterId, const QString& title, const QString& costCentre, int level) {
     budgetDb.exec(
         QStringLiteral("INSERT INTO tblBudget (Title, BillAccount, CCLevel, CCName, Created, MasterID, "
                        "BudgetType) VALUES (?, ?, ?, ?, '2023-01-02', ?, 0)"),
-        title, account, level, costCentre, masterId);
+        title, Account, level, costCentre, masterId);
     return int(budgetDb.lastInsertRowId());
 }
 
@@ -68,14 +79,14 @@ void BudgetStores::entry(int budgetId, const Date& date, Money usage, Money recu
         budgetId, date, usage, recurring, oneOff, adjustments);
 }
 
-int BudgetStores::budgetRows(int budgetId) {
-    return int(
-        queryInt(budgetDb, QStringLiteral("SELECT COUNT(*) FROM tblBudget WHERE BudgetID = ?"), budgetId));
-}
-
-int BudgetStores::entryRows(int budgetId) {
-    return int(queryInt(budgetDb, QStringLiteral("SELECT COUNT(*) FROM tblBudgetEntry WHERE BudgetID = ?"),
-                        budgetId));
+QStringList BudgetStores::entries(int budgetId) {
+    QStringList rows;
+    Statement st(budgetDb, QStringLiteral("SELECT SelectedDate, Usage, Recurring, OneOff, Adjustments FROM "
+                                          "tblBudgetEntry WHERE BudgetID = ? ORDER BY SelectedDate, DateID"));
+    st.bind(1, budgetId);
+    while (st.step())
+        rows << st.text(0) + QLatin1Char(':') + amounts(st.money(1), st.money(2), st.money(3), st.money(4));
+    return rows;
 }
 
 QString BudgetStores::budgetDump() {

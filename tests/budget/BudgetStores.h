@@ -3,14 +3,25 @@
 // the real schemas, with hand-written rows.
 #include "app/Date.h"
 #include "app/Money.h"
+#include "budget/clsBudget.h"
 #include "data/Database.h"
 
-#include <QString>
+#include <QStringList>
 
 namespace testing {
 
+const QString Account = QStringLiteral("ACC1");
+
 // Exact money from text: money("12.3456").
 Money money(const char* text);
+// A day of 2023 unless told.
+inline Date d(unsigned month, unsigned day, int year = 2023) {
+    return Date(year, month, day);
+}
+// Amounts as "usage/recurring/oneOff/adjustments" in plain decimals: "10.1/2/0/-0.5".
+QString amounts(Money usage, Money recurring, Money oneOff, Money adjustments);
+// A budget's entries in memory as "yyyy-mm-dd:amounts".
+QStringList entriesOf(const clsBudget& b);
 
 struct BudgetStores {
     BudgetStores();
@@ -24,14 +35,13 @@ struct BudgetStores {
                     const QString& level2 = {});
 
     // Rows written straight into the budget store, bypassing the model.
-    int master(const QString& title, const QString& account, int level);
-    int child(int masterId, const QString& title, const QString& account, int level,
-              const QString& costCentre);
+    int master(const QString& title, int level = 1, const QString& account = Account);
+    int child(int masterId, const QString& title, const QString& costCentre, int level = 1);
     void entry(int budgetId, const Date& date, Money usage = {}, Money recurring = {}, Money oneOff = {},
                Money adjustments = {});
 
-    int budgetRows(int budgetId);
-    int entryRows(int budgetId);
+    // A budget's stored entries as "yyyy-mm-dd:amounts", by date and row.
+    QStringList entries(int budgetId);
     // Every row of both budget tables as one text, to tell whether anything changed.
     QString budgetDump();
 

@@ -1,580 +1,260 @@
-// The budget object: its status codes and their order, its entries, and saving as one
-// transaction.
+// The budget object and its family: the checks of a save and their order, a master's
+// dates and the sums it shows, saving as one transaction, and a master's dates edited
+// across its family. The list, renaming and deleting are tested with the management form.
 #include "BudgetStores.h"
 #include "TestRegistry.h"
 #include "budget/BudgetErrors.h"
-#include "budget/BudgetStatus.h"
-#include "budget/clsBudget.h"
+#include "budget/MasterDatesEdit.h"
 
 #include <QTest>
 
 using namespace testing;
 
-namespace {
-
-const QString Account = QStringLiteral("ACC1");
-
-Date d(int y, unsigned m, unsigned day) {
-    return Date(y, m, day);
-}
-
-struct Amounts {
-    Money usage, recurring, oneOff, adjustments;
-};
-
-Amounts amountsOf(const clsBudgetCostEntry& e) {
-    return {e.Usage, e.Recurring, e.OneOff, e.Adjustments};
-}
-
-bool operator==(const Amounts& a, const Amounts& b) {
-    return a.usage == b.usage && a.recurring == b.recurring && a.oneOff == b.oneOff &&
-           a.adjustments == b.adjustments;
-}
-
-} // namespace
-
 class BudgetModelTest : public QObject {
     Q_OBJECT
 private slots:
-    void costCentreSaveStatusesInTheirOrder_data();
-    void costCentreSaveStatusesInTheirOrder();
-    void masterSaveStatusesInTheirOrder_data();
-    void masterSaveStatusesInTheirOrder();
-    void titlesCompareWithoutCase();
-    void addDateRefusals();
-    void addDateKeepsDatesAscending();
-    void addDateReadsTheGivenFormat();
-    void deleteDate_data();
-    void deleteDate();
-    void deletingTheOnlyEntryIsASubscriptFailure();
-    void entryOutsideTheLiveOnesIsASubscriptFailure();
-    void nameKeepsFiftyCharacters();
-    void newMasterIsStoredAsWritten();
-    void masterWithoutChildrenLoadsItsOwnRows();
-    void masterWithChildrenLoadsTheirSums();
-    void childMissingADateDropsItFromTheMaster();
-    void createFromMasterTakesDatesWithZeroAmounts();
-    void secondBudgetForACostCentreIsRefused();
-    void failedSaveLeavesTheStoreAsItWas();
-    void failedFirstSaveWritesNothing();
-    void saveOverALoadedBudgetReplacesItsEntries();
-    void saveAsNewMakesAnotherRow();
-    void loadingAMissingIdFails();
-    void namesHoldingQuotes();
-    void childListsOfAMaster();
+    void saveChecks_data();
+    void saveChecks();
+    void datesOfAMaster();
+    void savingAgain();
+    void aMasterShowsTheSumsOfItsChildren();
+    void failedSavesLeaveTheStoreAsItWas();
+    void masterDatesEdit();
 };
 
-void BudgetModelTest::costCentreSaveStatusesInTheirOrder_data() {
-    QTest::addColumn<bool>("titleTaken");
+// Names with quotes throughout: master "M" has one child "Q'1" for "R&D 'North'", whose
+// dates are the family's; master "O'Brien" of another account has a date of its own.
+void BudgetModelTest::saveChecks_data() {
+    QTest::addColumn<QString>("under"); // null: a new master
+    QTest::addColumn<QString>("title");
     QTest::addColumn<bool>("withDates");
-    QTest::addColumn<bool>("costCentreTaken");
+    QTest::addColumn<QString>("costCentre");
     QTest::addColumn<int>("status");
-    QTest::newRow("all well") << false << true << false << 0;
-    QTest::newRow("no dates") << false << false << false << 6;
-    QTest::newRow("cost centre taken") << false << true << true << 5;
-    QTest::newRow("title before dates") << true << false << false << 4;
-    QTest::newRow("title before cost centre") << true << true << true << 4;
-    QTest::newRow("dates before cost centre") << false << false << true << 6;
+    const QString none, m = QStringLiteral("M"), other = QStringLiteral("O'Brien"),
+                        taken = QStringLiteral("R&D 'North'");
+    QTest::newRow("master") << none << "Fresh" << true << none << 0;
+    QTest::newRow("master without dates") << none << "Fresh" << false << none << 6;
+    QTest::newRow("master title of another account, in another case")
+        << none << "O'BRIEN" << true << none << 4;
+    QTest::newRow("master title before dates") << none << "O'Brien" << false << none << 4;
+    QTest::newRow("a child's title is free for a master") << none << "Q'1" << true << none << 0;
+    QTest::newRow("cost centre") << m << "New" << true << "Sales" << 0;
+    QTest::newRow("cost centre without dates") << m << "New" << false << "Sales" << 6;
+    QTest::newRow("cost centre taken, in another case") << m << "New" << true << "r&d 'NORTH'" << 5;
+    QTest::newRow("title taken, in another case") << m << "q'1" << true << "Sales" << 4;
+    QTest::newRow("title before dates") << m << "Q'1" << false << taken << 4;
+    QTest::newRow("dates before cost centre") << m << "New" << false << taken << 6;
+    QTest::newRow("a master's title is free under another") << m << "O'Brien" << true << "Sales" << 0;
+    QTest::newRow("cost centre taken under another master") << other << "New" << true << taken << 0;
 }
 
-// A new cost-centre budget under a master whose one child is "Taken" for "Sales"; the
-// dates of the family are those of that child.
-void BudgetModelTest::costCentreSaveStatusesInTheirOrder() {
-    QFETCH(bool, titleTaken);
+void BudgetModelTest::saveChecks() {
+    QFETCH(QString, under);
+    QFETCH(QString, title);
     QFETCH(bool, withDates);
-    QFETCH(bool, costCentreTaken);
+    QFETCH(QString, costCentre);
     QFETCH(int, status);
     BudgetStores s;
-    const int masterId = s.master(QStringLiteral("M"), Account, 1);
-    const int takenId = s.child(masterId, QStringLiteral("Taken"), Account, 1, QStringLiteral("Sales"));
-    if (withDates)
-        s.entry(takenId, d(2023, 1, 15), money("5"));
-
+    const int m = s.master(QStringLiteral("M"));
+    const int child = s.child(m, QStringLiteral("Q'1"), QStringLiteral("R&D 'North'"));
+    const int other = s.master(QStringLiteral("O'Brien"), 2, QStringLiteral("ACC'2"));
+    s.entry(other, d(1, 15));
     clsBudget b(s.budgetDb, s.trendDb);
-    QCOMPARE(b.CreateFromMaster(masterId, titleTaken ? QStringLiteral("Taken") : QStringLiteral("New"),
-                                costCentreTaken ? QStringLiteral("Sales") : QStringLiteral("Marketing")),
-             0);
-    QCOMPARE(b.EntryCount(), withDates ? 1 : 0);
+    if (under.isNull()) {
+        b.CreateMaster(Account, 1);
+        b.setName(title);
+        if (withDates)
+            QCOMPARE(b.AddDate(d(1, 15), {}, {}, {}, {}), 0);
+    } else {
+        if (withDates)
+            s.entry(child, d(1, 15), money("5"));
+        QCOMPARE(b.CreateFromMaster(under == QLatin1String("M") ? m : other, title, costCentre), 0);
+        QCOMPARE(entriesOf(b), withDates ? QStringList{"2023-01-15:0/0/0/0"} : QStringList());
+    }
     const QString before = s.budgetDump();
     QCOMPARE(b.SaveBudget(false), status);
-    if (status == 0) {
-        QVERIFY(b.ID() > takenId);
-        QCOMPARE(s.entryRows(b.ID()), 1);
-    } else {
+    if (status != 0) {
         QCOMPARE(b.ID(), -1);
         QCOMPARE(s.budgetDump(), before);
+        return;
     }
+    clsBudget saved(s.budgetDb, s.trendDb);
+    saved.LoadBudget(b.ID());
+    QCOMPARE(saved.Name() + QLatin1Char('|') + saved.CostCentre(), title + QLatin1Char('|') + costCentre);
+    QCOMPARE(s.entries(b.ID()), QStringList{"2023-01-15:0/0/0/0"});
+    // Once saved, a cost-centre budget finds its own cost centre taken.
+    QCOMPARE(b.SaveBudget(false), under.isNull() ? 0 : 5);
 }
 
-void BudgetModelTest::masterSaveStatusesInTheirOrder_data() {
-    QTest::addColumn<bool>("titleTaken");
-    QTest::addColumn<bool>("withDates");
-    QTest::addColumn<int>("status");
-    QTest::newRow("all well") << false << true << 0;
-    QTest::newRow("no dates") << false << false << 6;
-    QTest::newRow("title taken") << true << true << 4;
-    QTest::newRow("title before dates") << true << false << 4;
-}
-
-void BudgetModelTest::masterSaveStatusesInTheirOrder() {
-    QFETCH(bool, titleTaken);
-    QFETCH(bool, withDates);
-    QFETCH(int, status);
-    BudgetStores s;
-    // Master titles are unique across the store, whatever the account.
-    s.master(QStringLiteral("Existing"), QStringLiteral("OTHER"), 2);
-    clsBudget b(s.budgetDb, s.trendDb);
-    b.CreateMaster(Account, 1);
-    b.setName(titleTaken ? QStringLiteral("Existing") : QStringLiteral("Fresh"));
-    if (withDates)
-        QCOMPARE(b.AddDate(d(2023, 1, 15), {}, {}, {}, {}), 0);
-    QCOMPARE(b.SaveBudget(false), status);
-}
-
-// The store has always matched titles and cost centres without regard to case.
-void BudgetModelTest::titlesCompareWithoutCase() {
-    BudgetStores s;
-    const int masterId = s.master(QStringLiteral("Budget 2023"), Account, 1);
-    const int child = s.child(masterId, QStringLiteral("North"), Account, 1, QStringLiteral("Sales"));
-    s.entry(child, d(2023, 1, 15));
-    clsBudget m(s.budgetDb, s.trendDb);
-    m.CreateMaster(Account, 1);
-    m.setName(QStringLiteral("BUDGET 2023"));
-    m.AddDate(d(2023, 1, 15), {}, {}, {}, {});
-    QCOMPARE(m.SaveBudget(false), 4);
-    clsBudget c(s.budgetDb, s.trendDb);
-    c.CreateFromMaster(masterId, QStringLiteral("south"), QStringLiteral("SALES"));
-    QCOMPARE(c.SaveBudget(false), 5);
-    c.setName(QStringLiteral("NORTH"));
-    QCOMPARE(c.SaveBudget(false), 4);
-}
-
-void BudgetModelTest::addDateRefusals() {
+// Dates stay ascending and carry their amounts; only a master takes dates, twelve at most.
+void BudgetModelTest::datesOfAMaster() {
     BudgetStores s;
     clsBudget b(s.budgetDb, s.trendDb);
-    // A cleared budget is a cost-centre budget: dates come from its master.
-    b.Clear();
-    QCOMPARE(b.AddDate(d(2023, 1, 1), {}, {}, {}, {}), 3);
-    QCOMPARE(b.EntryCount(), 0);
-
+    b.Clear(); // a cleared budget is a cost-centre budget
+    QCOMPARE(b.AddDate(d(1, 1), {}, {}, {}, {}), 3);
     b.CreateMaster(Account, 1);
-    for (int month = 1; month <= 12; ++month)
-        QCOMPARE(b.AddDate(d(2023, unsigned(month), 15), {}, {}, {}, {}), 0);
-    QCOMPARE(b.AddDate(d(2024, 1, 15), {}, {}, {}, {}), 3);
-    QCOMPARE(b.EntryCount(), 12);
-    QCOMPARE(b.Entry(12).SelectedDate, d(2023, 12, 15));
-
-    b.CreateMaster(Account, 1);
-    QCOMPARE(b.AddDate(QStringLiteral("31/02/2023"), QStringLiteral("dd/mm/yyyy"), {}, {}, {}, {}), 3);
-    QCOMPARE(b.AddDate(Date(), {}, {}, {}, {}), 3);
-    QCOMPARE(b.EntryCount(), 0);
-}
-
-void BudgetModelTest::addDateKeepsDatesAscending() {
-    BudgetStores s;
-    clsBudget b(s.budgetDb, s.trendDb);
-    b.CreateMaster(Account, 1);
-    const QList<Date> added = {d(2023, 2, 1), d(2023, 4, 1), d(2023, 3, 1), d(2023, 6, 1), d(2023, 5, 1)};
-    for (int i = 0; i < added.size(); ++i)
-        b.AddDate(added[i], Money::fromPounds(i + 1), {}, {}, {});
-    // A sixth date earlier than all moves to the front with its amounts.
-    b.AddDate(d(2022, 12, 1), Money::fromPounds(6), {}, {}, {});
-    const QList<Date> expectedDates = {d(2022, 12, 1), d(2023, 2, 1), d(2023, 3, 1),
-                                       d(2023, 4, 1),  d(2023, 5, 1), d(2023, 6, 1)};
-    const QList<int> expectedPounds = {6, 1, 3, 2, 5, 4};
-    QCOMPARE(b.EntryCount(), 6);
-    for (int i = 1; i <= 6; ++i) {
-        QCOMPARE(b.Entry(i).SelectedDate, expectedDates[i - 1]);
-        QCOMPARE(b.Entry(i).Usage, Money::fromPounds(expectedPounds[i - 1]));
-    }
-    // Two entries of one date are allowed.
-    QCOMPARE(b.AddDate(d(2023, 3, 1), {}, {}, {}, {}), 0);
-    QCOMPARE(b.EntryCount(), 7);
-}
-
-void BudgetModelTest::addDateReadsTheGivenFormat() {
-    BudgetStores s;
-    clsBudget b(s.budgetDb, s.trendDb);
-    b.CreateMaster(Account, 1);
-    QCOMPARE(b.AddDate(QStringLiteral("31/01/2012"), QStringLiteral("dd/mm/yyyy"), money("1.5"), money("2"),
+    for (unsigned month : {4u, 2u, 3u, 1u, 3u}) // one date twice is allowed
+        QCOMPARE(b.AddDate(d(month, 15), Money::fromPounds(month), {}, {}, {}), 0);
+    QCOMPARE(b.AddDate(QStringLiteral("31/05/2023"), QStringLiteral("dd/mm/yyyy"), money("1.5"), money("2"),
                        money("-3"), money("0.0004")),
              0);
-    QCOMPARE(b.AddDate(QStringLiteral("20120215"), QStringLiteral("yyyymmdd"), {}, {}, {}, {}), 0);
-    QCOMPARE(b.Entry(1).SelectedDate, d(2012, 1, 31));
-    QCOMPARE(b.Entry(2).SelectedDate, d(2012, 2, 15));
-    QCOMPARE(b.Entry(1).OneOff, money("-3"));
-    QCOMPARE(b.Entry(1).Adjustments.raw(), 4);
-    QVERIFY(!b.Entry(1).BillDate.isValid()); // only a load pairs bill dates
-}
-
-void BudgetModelTest::deleteDate_data() {
-    QTest::addColumn<int>("index");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QList<int>>("daysLeft"); // days of January left, in order
-    QTest::newRow("first") << 1 << 0 << QList<int>{2, 3};
-    QTest::newRow("middle") << 2 << 0 << QList<int>{1, 3};
-    QTest::newRow("last") << 3 << 0 << QList<int>{1, 2};
-    QTest::newRow("zero") << 0 << 3 << QList<int>{1, 2, 3};
-    QTest::newRow("past the count") << 4 << 3 << QList<int>{1, 2, 3};
-}
-
-void BudgetModelTest::deleteDate() {
-    QFETCH(int, index);
-    QFETCH(int, status);
-    QFETCH(QList<int>, daysLeft);
-    BudgetStores s;
-    clsBudget b(s.budgetDb, s.trendDb);
-    b.CreateMaster(Account, 1);
-    for (unsigned day : {3u, 1u, 2u})
-        b.AddDate(d(2023, 1, day), Money::fromPounds(day), {}, {}, {});
-    QCOMPARE(b.DeleteDate(index), status);
-    QCOMPARE(b.EntryCount(), int(daysLeft.size()));
-    for (int i = 0; i < daysLeft.size(); ++i) {
-        QCOMPARE(b.Entry(i + 1).SelectedDate, d(2023, 1, unsigned(daysLeft[i])));
-        QCOMPARE(b.Entry(i + 1).Usage, Money::fromPounds(daysLeft[i])); // amounts travel with their date
-    }
-}
-
-void BudgetModelTest::deletingTheOnlyEntryIsASubscriptFailure() {
-    BudgetStores s;
-    clsBudget b(s.budgetDb, s.trendDb);
-    b.CreateMaster(Account, 1);
-    b.AddDate(d(2023, 1, 15), money("7"), {}, {}, {});
+    QCOMPARE(entriesOf(b),
+             (QStringList{"2023-01-15:1/0/0/0", "2023-02-15:2/0/0/0", "2023-03-15:3/0/0/0",
+                          "2023-03-15:3/0/0/0", "2023-04-15:4/0/0/0", "2023-05-31:1.5/2/-3/0.0004"}));
+    QCOMPARE(b.AddDate(QStringLiteral("31/02/2023"), QStringLiteral("dd/mm/yyyy"), {}, {}, {}, {}), 3);
+    QCOMPARE(b.AddDate(Date(), {}, {}, {}, {}), 3);
+    // A deleted date takes its amounts with it, from the middle or the end.
+    QCOMPARE(b.DeleteDate(2), 0);
+    QCOMPARE(b.DeleteDate(5), 0);
+    QCOMPARE(entriesOf(b), (QStringList{"2023-01-15:1/0/0/0", "2023-03-15:3/0/0/0", "2023-03-15:3/0/0/0",
+                                        "2023-04-15:4/0/0/0"}));
+    QCOMPARE(b.DeleteDate(0), 3);
+    QCOMPARE(b.DeleteDate(5), 3);
+    while (b.EntryCount() < 12)
+        QCOMPARE(b.AddDate(d(12, 1), {}, {}, {}, {}), 0);
+    QCOMPARE(b.AddDate(d(12, 2), {}, {}, {}, {}), 3);
+    QVERIFY_THROWS_EXCEPTION(BudgetSubscriptError, b.Entry(0));
+    QVERIFY_THROWS_EXCEPTION(BudgetSubscriptError, b.setEntry(13, clsBudgetCostEntry()));
+    // The only entry cannot go; a cost-centre budget deletes no date.
+    while (b.EntryCount() > 1)
+        b.DeleteDate(1);
     QVERIFY_THROWS_EXCEPTION(BudgetSubscriptError, b.DeleteDate(1));
     QCOMPARE(b.EntryCount(), 1);
-    QCOMPARE(b.Entry(1).Usage, money("7"));
-
-    // A cost-centre budget refuses before any subscript is looked at.
-    clsBudget c(s.budgetDb, s.trendDb);
-    QCOMPARE(c.DeleteDate(1), 3);
-}
-
-void BudgetModelTest::entryOutsideTheLiveOnesIsASubscriptFailure() {
-    BudgetStores s;
-    clsBudget b(s.budgetDb, s.trendDb);
-    QVERIFY_THROWS_EXCEPTION(BudgetSubscriptError, b.Entry(1));
-    b.CreateMaster(Account, 1);
-    b.AddDate(d(2023, 1, 15), {}, {}, {}, {});
-    b.AddDate(d(2023, 2, 15), {}, {}, {}, {});
-    QVERIFY_THROWS_EXCEPTION(BudgetSubscriptError, b.Entry(0));
-    QVERIFY_THROWS_EXCEPTION(BudgetSubscriptError, b.Entry(3));
-    QVERIFY_THROWS_EXCEPTION(BudgetSubscriptError, b.setEntry(3, clsBudgetCostEntry()));
-}
-
-void BudgetModelTest::nameKeepsFiftyCharacters() {
-    BudgetStores s;
-    const QString sixty = QStringLiteral("0123456789").repeated(6);
-    clsBudget b(s.budgetDb, s.trendDb);
-    b.CreateMaster(Account, 1);
-    b.setName(sixty);
-    QCOMPARE(b.Name(), sixty.left(50));
-    b.AddDate(d(2023, 1, 15), {}, {}, {}, {});
     QCOMPARE(b.SaveBudget(false), 0);
-    Statement st(s.budgetDb, QStringLiteral("SELECT Title FROM tblBudget WHERE BudgetID = ?"));
-    st.bind(1, b.ID());
-    QVERIFY(st.step());
-    QCOMPARE(st.text(0).size(), 50);
-
-    clsBudget c(s.budgetDb, s.trendDb);
-    c.CreateFromMaster(b.ID(), sixty, QStringLiteral("Sales"));
-    QCOMPARE(c.Name(), sixty.left(50));
+    QCOMPARE(b.CreateFromMaster(b.ID(), QStringLiteral("C"), QStringLiteral("Sales")), 0);
+    QCOMPARE(b.DeleteDate(1), 3);
 }
 
-void BudgetModelTest::newMasterIsStoredAsWritten() {
+// Saved again, a budget's row is edited and its entries replaced; saved as new, copied;
+// whose row has gone, written anew.
+void BudgetModelTest::savingAgain() {
     BudgetStores s;
-    clsBudget b(s.budgetDb, s.trendDb);
-    b.CreateMaster(Account, 3);
-    b.setName(QStringLiteral("Plan"));
-    b.AddDate(d(2023, 2, 15), money("2"), money("0.5"), {}, money("-1"));
-    b.AddDate(d(2023, 1, 15), money("1"), {}, {}, {});
-    QCOMPARE(b.SaveBudget(false), 0);
-    QCOMPARE(b.ID(), 1);
-    Statement row(s.budgetDb,
-                  QStringLiteral("SELECT Title, BillAccount, CCLevel, CCName, MasterID, BudgetType, "
-                                 "Created FROM tblBudget"));
-    QVERIFY(row.step());
-    QCOMPARE(row.text(0), QStringLiteral("Plan"));
-    QCOMPARE(row.text(1), Account);
-    QCOMPARE(row.integer(2), 3);
-    QCOMPARE(row.text(3), QString());
-    QCOMPARE(row.integer(4), -1);
-    QCOMPARE(row.integer(5), -1);
-    QCOMPARE(row.date(6), Date::today());
-    Statement entries(s.budgetDb, QStringLiteral("SELECT SelectedDate, Usage, Recurring, OneOff, Adjustments "
-                                                 "FROM tblBudgetEntry ORDER BY DateID"));
-    QVERIFY(entries.step());
-    QCOMPARE(entries.text(0), QStringLiteral("2023-01-15"));
-    QCOMPARE(entries.int64(1), 10000);
-    QVERIFY(entries.step());
-    QCOMPARE(entries.text(0), QStringLiteral("2023-02-15"));
-    QCOMPARE(entries.int64(1), 20000);
-    QCOMPARE(entries.int64(2), 5000);
-    QCOMPARE(entries.int64(3), 0);
-    QCOMPARE(entries.int64(4), -10000);
-    QVERIFY(!entries.step());
-}
-
-void BudgetModelTest::masterWithoutChildrenLoadsItsOwnRows() {
-    BudgetStores s;
-    const int masterId = s.master(QStringLiteral("Whole"), Account, 0);
-    s.entry(masterId, d(2023, 2, 15), money("20"), money("2"));
-    s.entry(masterId, d(2023, 1, 15), money("10"), money("1"), money("0.1"), money("0.01"));
-    clsBudget b(s.budgetDb, s.trendDb);
-    QCOMPARE(b.LoadBudget(masterId), 0);
-    QVERIFY(b.IsMaster());
-    QCOMPARE(b.CCLevel(), 0);
-    QCOMPARE(b.EntryCount(), 2);
-    QCOMPARE(b.Entry(1).SelectedDate, d(2023, 1, 15));
-    QVERIFY(amountsOf(b.Entry(1)) == (Amounts{money("10"), money("1"), money("0.1"), money("0.01")}));
-    QVERIFY(amountsOf(b.Entry(2)) == (Amounts{money("20"), money("2"), {}, {}}));
-}
-
-// The sums below were added up by hand.
-void BudgetModelTest::masterWithChildrenLoadsTheirSums() {
-    BudgetStores s;
-    const int masterId = s.master(QStringLiteral("M"), Account, 1);
-    // The master's own rows stop counting once it has children.
-    s.entry(masterId, d(2023, 1, 15), money("1000"));
-    s.entry(masterId, d(2023, 2, 15), money("1000"));
-    const int a = s.child(masterId, QStringLiteral("A"), Account, 1, QStringLiteral("Sales"));
-    const int b = s.child(masterId, QStringLiteral("B"), Account, 1, QStringLiteral("Support"));
-    s.entry(a, d(2023, 2, 15), money("20.25"), money("3"), money("-1.5"), money("0.0001"));
-    s.entry(a, d(2023, 1, 15), money("10.10"), money("2"), {}, {});
-    s.entry(b, d(2023, 1, 15), money("5.05"), money("4"), money("7"), money("-2"));
-    s.entry(b, d(2023, 2, 15), money("0.75"), {}, money("1.5"), money("0.0002"));
-    // Another master's child does not count.
-    const int other = s.master(QStringLiteral("Other"), Account, 1);
-    s.entry(s.child(other, QStringLiteral("X"), Account, 1, QStringLiteral("Sales")), d(2023, 1, 15),
-            money("99"));
-
+    s.trendRow(Account, d(1, 14), QStringLiteral("0100"));
+    const int id = s.master(QStringLiteral("Plan"), 3);
+    s.entry(id, d(1, 15), money("1"));
+    s.entry(id, d(2, 15), money("2"), money("0.5"));
     clsBudget m(s.budgetDb, s.trendDb);
-    m.LoadBudget(masterId);
-    QCOMPARE(m.EntryCount(), 2);
-    QCOMPARE(m.Entry(1).SelectedDate, d(2023, 1, 15));
-    QVERIFY(amountsOf(m.Entry(1)) == (Amounts{money("15.15"), money("6"), money("7"), money("-2")}));
-    QCOMPARE(m.Entry(2).SelectedDate, d(2023, 2, 15));
-    QVERIFY(amountsOf(m.Entry(2)) == (Amounts{money("21"), money("3"), {}, money("0.0003")}));
-
-    // A child loads its own rows only.
-    clsBudget c(s.budgetDb, s.trendDb);
-    c.LoadBudget(b);
-    QVERIFY(!c.IsMaster());
-    QCOMPARE(c.MasterID(), masterId);
-    QCOMPARE(c.CostCentre(), QStringLiteral("Support"));
-    QCOMPARE(c.EntryCount(), 2);
-    QCOMPARE(c.Entry(2).Usage, money("0.75"));
-}
-
-void BudgetModelTest::childMissingADateDropsItFromTheMaster() {
-    BudgetStores s;
-    const int masterId = s.master(QStringLiteral("M"), Account, 1);
-    s.entry(masterId, d(2023, 3, 15));
-    const int a = s.child(masterId, QStringLiteral("A"), Account, 1, QStringLiteral("Sales"));
-    s.entry(a, d(2023, 1, 15), money("1"));
-    s.entry(a, d(2023, 2, 15), money("2"));
-    // Two children on one date load as one summed row.
-    const int b = s.child(masterId, QStringLiteral("B"), Account, 1, QStringLiteral("Support"));
-    s.entry(b, d(2023, 2, 15), money("3"));
-    clsBudget m(s.budgetDb, s.trendDb);
-    m.LoadBudget(masterId);
-    QCOMPARE(m.EntryCount(), 2);
-    QCOMPARE(m.Entry(1).Usage, money("1"));
-    QCOMPARE(m.Entry(2).SelectedDate, d(2023, 2, 15));
-    QCOMPARE(m.Entry(2).Usage, money("5"));
-}
-
-void BudgetModelTest::createFromMasterTakesDatesWithZeroAmounts() {
-    BudgetStores s;
-    s.trendRow(Account, d(2023, 1, 14), QStringLiteral("0100"));
-    const int masterId = s.master(QStringLiteral("M"), Account, 2);
-    const int a = s.child(masterId, QStringLiteral("A"), Account, 2, QStringLiteral("Sales"));
-    s.entry(a, d(2023, 1, 15), money("10"), money("1"), money("2"), money("3"));
-    s.entry(a, d(2023, 2, 15), money("20"));
-    clsBudget c(s.budgetDb, s.trendDb);
-    QCOMPARE(c.CreateFromMaster(masterId, QStringLiteral("New"), QStringLiteral("Support")), 0);
-    QCOMPARE(c.ID(), -1);
-    QCOMPARE(c.MasterID(), masterId);
-    QVERIFY(!c.IsMaster());
-    QCOMPARE(c.BillAccount(), Account);
-    QCOMPARE(c.CCLevel(), 2);
-    QCOMPARE(c.CostCentre(), QStringLiteral("Support"));
-    QCOMPARE(c.Name(), QStringLiteral("New"));
-    QCOMPARE(c.EntryCount(), 2);
-    for (int i = 1; i <= 2; ++i)
-        QVERIFY(amountsOf(c.Entry(i)) == Amounts());
-    QCOMPARE(c.Entry(2).SelectedDate, d(2023, 2, 15));
-    // Bill dates stay as the master's load paired them.
-    QCOMPARE(c.Entry(1).BillDate, d(2023, 1, 14));
-    QCOMPARE(c.Entry(2).BillDate, d(2023, 2, 15));
-}
-
-void BudgetModelTest::secondBudgetForACostCentreIsRefused() {
-    BudgetStores s;
-    const int masterId = s.master(QStringLiteral("M"), Account, 1);
-    s.entry(masterId, d(2023, 1, 15));
-    clsBudget first(s.budgetDb, s.trendDb);
-    first.CreateFromMaster(masterId, QStringLiteral("Sales budget"), QStringLiteral("Sales"));
-    QCOMPARE(first.SaveBudget(false), 0);
-    clsBudget second(s.budgetDb, s.trendDb);
-    second.CreateFromMaster(masterId, QStringLiteral("Sales again"), QStringLiteral("Sales"));
-    QCOMPARE(second.SaveBudget(false), 5);
-    QCOMPARE(costCentreSaveMessage(5),
-             QStringLiteral("A budget for the selected cost centre already allocated, please try again."));
-    // Once saved, a cost-centre budget cannot be saved through here again: it finds itself.
-    QCOMPARE(first.SaveBudget(false), 5);
-    // Under another master the same cost centre is free.
-    const int otherMaster = s.master(QStringLiteral("N"), Account, 1);
-    s.entry(otherMaster, d(2023, 1, 15));
-    clsBudget third(s.budgetDb, s.trendDb);
-    third.CreateFromMaster(otherMaster, QStringLiteral("Sales budget"), QStringLiteral("Sales"));
-    QCOMPARE(third.SaveBudget(false), 0);
-}
-
-// A trigger fails the third entry's insert, after the row was written and the old
-// entries deleted.
-void BudgetModelTest::failedSaveLeavesTheStoreAsItWas() {
-    BudgetStores s;
-    clsBudget b(s.budgetDb, s.trendDb);
-    b.CreateMaster(Account, 0);
-    b.setName(QStringLiteral("Whole"));
-    for (unsigned month : {1u, 2u, 3u})
-        b.AddDate(d(2023, month, 15), money("1"), {}, {}, {});
-    QCOMPARE(b.SaveBudget(false), 0);
-    const int id = b.ID();
-    s.budgetDb.execScript(
-        QStringLiteral("CREATE TRIGGER fail BEFORE INSERT ON tblBudgetEntry "
-                       "WHEN NEW.Usage = 6660000 BEGIN SELECT RAISE(ABORT, 'forced'); END;"));
-    const QString before = s.budgetDump();
-
-    clsBudget edit(s.budgetDb, s.trendDb);
-    edit.LoadBudget(id);
-    edit.setName(QStringLiteral("Renamed"));
-    edit.Entry(1).Usage = money("2");
-    edit.Entry(3).Usage = money("666");
-    QVERIFY_THROWS_EXCEPTION(DbError, edit.SaveBudget(false));
-    QCOMPARE(s.budgetDump(), before);
-    QCOMPARE(s.entryRows(id), 3);
-    QVERIFY(!s.budgetDb.inTransaction());
-    QCOMPARE(edit.ID(), id);
-}
-
-void BudgetModelTest::failedFirstSaveWritesNothing() {
-    BudgetStores s;
-    s.budgetDb.execScript(
-        QStringLiteral("CREATE TRIGGER fail BEFORE INSERT ON tblBudgetEntry "
-                       "WHEN NEW.SelectedDate = '2023-02-15' BEGIN SELECT RAISE(ABORT, 'x'); END;"));
-    clsBudget b(s.budgetDb, s.trendDb);
-    b.CreateMaster(Account, 1);
-    b.setName(QStringLiteral("New"));
-    b.AddDate(d(2023, 1, 15), {}, {}, {}, {});
-    b.AddDate(d(2023, 2, 15), {}, {}, {}, {});
-    QVERIFY_THROWS_EXCEPTION(DbError, b.SaveBudget(false));
-    QCOMPARE(b.ID(), -1);
-    QCOMPARE(queryInt(s.budgetDb, QStringLiteral("SELECT COUNT(*) FROM tblBudget")), 0);
-    QCOMPARE(queryInt(s.budgetDb, QStringLiteral("SELECT COUNT(*) FROM tblBudgetEntry")), 0);
-    // The store still works, and the object can save once the cause is gone.
-    s.budgetDb.execScript(QStringLiteral("DROP TRIGGER fail"));
-    QCOMPARE(b.SaveBudget(false), 0);
-    QCOMPARE(s.entryRows(b.ID()), 2);
-}
-
-// As the whole-bill amounts are saved: the master's row is edited, its entries replaced.
-void BudgetModelTest::saveOverALoadedBudgetReplacesItsEntries() {
-    BudgetStores s;
-    const int id = s.master(QStringLiteral("Whole"), Account, 0);
-    s.entry(id, d(2023, 1, 15));
-    s.entry(id, d(2023, 2, 15));
-    clsBudget b(s.budgetDb, s.trendDb);
-    b.LoadBudget(id);
-    b.Entry(2).Adjustments = money("-4.5");
-    QCOMPARE(b.SaveBudget(false), 0);
-    QCOMPARE(b.ID(), id);
-    QCOMPARE(queryInt(s.budgetDb, QStringLiteral("SELECT COUNT(*) FROM tblBudget")), 1);
-    QCOMPARE(s.entryRows(id), 2);
+    m.LoadBudget(id);
+    QCOMPARE(m.Entry(1).BillDate, d(1, 14));
+    m.Entry(2).Adjustments = money("-4.5");
+    QCOMPARE(m.SaveBudget(false), 0);
+    QCOMPARE(m.ID(), id);
+    QCOMPARE(s.entries(id), (QStringList{"2023-01-15:1/0/0/0", "2023-02-15:2/0.5/0/-4.5"}));
+    QCOMPARE(queryInt(s.budgetDb, QStringLiteral("SELECT COUNT(*) FROM tblBudgetEntry")), 2);
+    m.setName(QStringLiteral("Copy"));
+    QCOMPARE(m.SaveBudget(true), 0);
+    QVERIFY(m.ID() != id);
+    QCOMPARE(s.entries(m.ID()), s.entries(id));
     QCOMPARE(
         queryInt(s.budgetDb,
-                 QStringLiteral("SELECT Adjustments FROM tblBudgetEntry WHERE SelectedDate = '2023-02-15'")),
-        -45000);
-    // A budget whose row has gone gets a new one.
-    s.budgetDb.exec(QStringLiteral("DELETE FROM tblBudget WHERE BudgetID = ?"), id);
-    QCOMPARE(b.SaveBudget(false), 0);
-    QVERIFY(b.ID() != id);
-    QCOMPARE(s.budgetRows(b.ID()), 1);
-}
-
-void BudgetModelTest::saveAsNewMakesAnotherRow() {
-    BudgetStores s;
-    clsBudget b(s.budgetDb, s.trendDb);
-    b.CreateMaster(Account, 1);
-    b.setName(QStringLiteral("One"));
-    b.AddDate(d(2023, 1, 15), {}, {}, {}, {});
-    QCOMPARE(b.SaveBudget(false), 0);
-    const int first = b.ID();
-    b.setName(QStringLiteral("Two"));
-    QCOMPARE(b.SaveBudget(true), 0);
-    QVERIFY(b.ID() != first);
-    QCOMPARE(queryInt(s.budgetDb, QStringLiteral("SELECT COUNT(*) FROM tblBudget")), 2);
-    QCOMPARE(s.entryRows(first), 1);
-    QCOMPARE(s.entryRows(b.ID()), 1);
-}
-
-void BudgetModelTest::loadingAMissingIdFails() {
-    BudgetStores s;
-    clsBudget b(s.budgetDb, s.trendDb);
-    QVERIFY_THROWS_EXCEPTION(BudgetNotFoundError, b.LoadBudget(42));
-    // A cost-centre budget under a master that is not there fails the same way.
-    QVERIFY_THROWS_EXCEPTION(BudgetNotFoundError, b.CreateFromMaster(7, QString(), QString()));
-}
-
-void BudgetModelTest::namesHoldingQuotes() {
-    BudgetStores s;
-    const QString masterTitle = QStringLiteral("O'Brien's \"plan\"");
-    const QString costCentre = QStringLiteral("R&D 'North'");
-    clsBudget m(s.budgetDb, s.trendDb);
-    m.CreateMaster(QStringLiteral("ACC'9"), 1);
-    m.setName(masterTitle);
-    m.AddDate(d(2023, 1, 15), {}, {}, {}, {});
+                 QStringLiteral("SELECT COUNT(*) FROM tblBudget WHERE Title = 'Copy' AND CCLevel = 3 AND "
+                                "MasterID = -1 AND BudgetType = -1 AND Created = ?"),
+                 Date::today()),
+        1);
+    s.budgetDb.exec(QStringLiteral("DELETE FROM tblBudget WHERE BudgetID = ?"), m.ID());
     QCOMPARE(m.SaveBudget(false), 0);
-    clsBudget c(s.budgetDb, s.trendDb);
-    c.CreateFromMaster(m.ID(), QStringLiteral("Q'1"), costCentre);
-    QCOMPARE(c.SaveBudget(false), 0);
-    clsBudget again(s.budgetDb, s.trendDb);
-    again.CreateFromMaster(m.ID(), QStringLiteral("Q'2"), costCentre);
-    QCOMPARE(again.SaveBudget(false), 5);
-    again.setName(QStringLiteral("Q'1"));
-    QCOMPARE(again.SaveBudget(false), 4);
-
-    clsBudget loaded(s.budgetDb, s.trendDb);
-    loaded.LoadBudget(c.ID());
-    QCOMPARE(loaded.Name(), QStringLiteral("Q'1"));
-    QCOMPARE(loaded.CostCentre(), costCentre);
-    QCOMPARE(loaded.BillAccount(), QStringLiteral("ACC'9"));
-    loaded.LoadBudget(m.ID());
-    QCOMPARE(loaded.Name(), masterTitle);
-    QCOMPARE(loaded.GetChildCCs(), QStringList{costCentre});
+    QCOMPARE(s.entries(m.ID()).size(), 2);
+    QVERIFY_THROWS_EXCEPTION(BudgetNotFoundError, m.LoadBudget(42));
+    QVERIFY_THROWS_EXCEPTION(BudgetNotFoundError, m.CreateFromMaster(42, QString(), QString()));
 }
 
-void BudgetModelTest::childListsOfAMaster() {
+// Sums worked by hand. A master's own rows stop counting once it has children; a date of
+// one child only still shows; another master's child does not count.
+void BudgetModelTest::aMasterShowsTheSumsOfItsChildren() {
     BudgetStores s;
-    const int masterId = s.master(QStringLiteral("M"), Account, 1);
-    const int a = s.child(masterId, QStringLiteral("A"), Account, 1, QStringLiteral("Sales"));
-    const int other = s.master(QStringLiteral("N"), Account, 1);
-    s.child(other, QStringLiteral("X"), Account, 1, QStringLiteral("Elsewhere"));
-    const int b = s.child(masterId, QStringLiteral("B"), Account, 1, QStringLiteral("Support"));
+    const int m = s.master(QStringLiteral("M"));
+    s.entry(m, d(1, 15), money("1000"));
+    s.entry(m, d(3, 15), money("1000"));
+    const int a = s.child(m, QStringLiteral("A"), QStringLiteral("Sales"));
+    const int b = s.child(m, QStringLiteral("B"), QStringLiteral("O'Hara"));
+    s.entry(a, d(2, 15), money("20.25"), money("3"), money("-1.5"), money("0.0001"));
+    s.entry(a, d(1, 15), money("10.10"), money("2"));
+    s.entry(b, d(1, 15), money("5.05"), money("4"), money("7"), money("-2"));
+    s.entry(b, d(2, 15), money("0.75"), {}, money("1.5"), money("0.0002"));
+    s.entry(b, d(4, 15), money("1"));
+    s.entry(s.child(s.master(QStringLiteral("N")), QStringLiteral("X"), QStringLiteral("Sales")), d(1, 15),
+            money("99"));
     // Two budgets of one cost centre can only come from outside the model; it is named once.
-    const int c = s.child(masterId, QStringLiteral("C"), Account, 1, QStringLiteral("Sales"));
-    clsBudget m(s.budgetDb, s.trendDb);
-    m.LoadBudget(masterId);
-    QCOMPARE(m.GetChildIDs(), (QList<int>{a, b, c}));
-    QCOMPARE(m.GetChildCCs(), (QStringList{QStringLiteral("Sales"), QStringLiteral("Support")}));
-    // Not a master, or never saved: nothing.
-    clsBudget child(s.budgetDb, s.trendDb);
-    child.LoadBudget(a);
-    QVERIFY(child.GetChildIDs().isEmpty());
-    QVERIFY(child.GetChildCCs().isEmpty());
-    clsBudget fresh(s.budgetDb, s.trendDb);
-    fresh.CreateMaster(Account, 1);
-    QVERIFY(fresh.GetChildIDs().isEmpty());
+    const int c = s.child(m, QStringLiteral("C"), QStringLiteral("Sales"));
+    const int whole = s.master(QStringLiteral("Whole"), 0);
+    s.entry(whole, d(2, 15), money("20"), money("2"));
+    s.entry(whole, d(1, 15), money("10"), money("1"), money("0.1"), money("0.01"));
+    clsBudget budget(s.budgetDb, s.trendDb);
+    budget.LoadBudget(m);
+    QCOMPARE(entriesOf(budget),
+             (QStringList{"2023-01-15:15.15/6/7/-2", "2023-02-15:21/3/0/0.0003", "2023-04-15:1/0/0/0"}));
+    QCOMPARE(budget.GetChildIDs(), (QList<int>{a, b, c}));
+    QCOMPARE(budget.GetChildCCs(), (QStringList{"Sales", "O'Hara"}));
+    budget.LoadBudget(whole); // no children: its own rows
+    QCOMPARE(entriesOf(budget), (QStringList{"2023-01-15:10/1/0.1/0.01", "2023-02-15:20/2/0/0"}));
+    budget.LoadBudget(b); // a child: its own rows, and no children
+    QCOMPARE(entriesOf(budget),
+             (QStringList{"2023-01-15:5.05/4/7/-2", "2023-02-15:0.75/0/1.5/0.0002", "2023-04-15:1/0/0/0"}));
+    QVERIFY(budget.GetChildIDs().isEmpty() && budget.GetChildCCs().isEmpty());
+    budget.CreateMaster(Account, 1); // never saved
+    QVERIFY(budget.GetChildIDs().isEmpty());
+}
+
+// A trigger fails an entry's insert, after the budget's row was written and its old
+// entries deleted.
+void BudgetModelTest::failedSavesLeaveTheStoreAsItWas() {
+    BudgetStores s;
+    s.budgetDb.execScript(QStringLiteral("CREATE TRIGGER fail BEFORE INSERT ON tblBudgetEntry WHEN "
+                                         "NEW.Usage = 6660000 BEGIN SELECT RAISE(ABORT, 'forced'); END;"));
+    clsBudget b(s.budgetDb, s.trendDb);
+    b.CreateMaster(Account, 0);
+    for (unsigned month : {1u, 2u, 3u})
+        b.AddDate(d(month, 15), money(month == 2 ? "666" : "1"), {}, {}, {});
+    QVERIFY_THROWS_EXCEPTION(DbError, b.SaveBudget(false));
+    QCOMPARE(b.ID(), -1);
+    QCOMPARE(s.budgetDump(), QString());
+    b.Entry(2).Usage = money("1");
+    QCOMPARE(b.SaveBudget(false), 0); // the store still works
+    const QString before = s.budgetDump();
+    b.setName(QStringLiteral("Renamed"));
+    b.Entry(1).Usage = money("2");
+    b.Entry(3).Usage = money("666");
+    const int id = b.ID();
+    QVERIFY_THROWS_EXCEPTION(DbError, b.SaveBudget(false));
+    QCOMPARE(s.budgetDump(), before);
+    QVERIFY(!s.budgetDb.inTransaction());
+    QCOMPARE(b.ID(), id);
+}
+
+// Master and child hold 15 Jan, 15 Feb, 15 Mar (child usage 1, 2, 3); slots apply one
+// after the other.
+void BudgetModelTest::masterDatesEdit() {
+    BudgetStores s;
+    const int m = s.master(QStringLiteral("M"));
+    const int child = s.child(m, QStringLiteral("A"), QStringLiteral("Sales"));
+    const int other = s.master(QStringLiteral("N"));
+    for (unsigned month : {1u, 2u, 3u}) {
+        s.entry(m, d(month, 15));
+        s.entry(child, d(month, 15), Money::fromPounds(month));
+        s.entry(other, d(month, 15));
+    }
+    QString before = s.budgetDump();
+    QCOMPARE(editMasterDates(s.budgetDb, child, {d(2, 15)}), 3);
+    QCOMPARE(editMasterDates(s.budgetDb, 555, {d(2, 15)}), 3);
+    QCOMPARE(editMasterDates(s.budgetDb, m, QList<Date>(13, d(2, 15))), 3);
+    QCOMPARE(s.budgetDump(), before);
+    // Period 2 moves to the 20th, period 3 is no longer ticked, two new ones come with zeros.
+    QCOMPARE(editMasterDates(s.budgetDb, m, {d(1, 15), d(2, 20), Date(), d(4, 15), d(5, 15)}), 0);
+    QCOMPARE(s.entries(child), (QStringList{"2023-01-15:1/0/0/0", "2023-02-20:2/0/0/0", "2023-04-15:0/0/0/0",
+                                            "2023-05-15:0/0/0/0"}));
+    QCOMPARE(s.entries(m).size(), 4);
+    QCOMPARE(s.entries(other).size(), 3);
+    // 15 Jan onto 20 Feb, then 20 Feb on to 15 Apr, carries both rows along.
+    QCOMPARE(editMasterDates(s.budgetDb, m, {d(2, 20), d(4, 15), d(4, 15), d(5, 15)}), 0);
+    QCOMPARE(s.entries(child), (QStringList{"2023-04-15:1/0/0/0", "2023-04-15:2/0/0/0", "2023-04-15:0/0/0/0",
+                                            "2023-05-15:0/0/0/0"}));
+    // A failure part way leaves every slot as it was.
+    before = s.budgetDump();
+    s.budgetDb.execScript(QStringLiteral("CREATE TRIGGER fail BEFORE INSERT ON tblBudgetEntry "
+                                         "BEGIN SELECT RAISE(ABORT, 'forced'); END;"));
+    QVERIFY_THROWS_EXCEPTION(DbError,
+                             editMasterDates(s.budgetDb, m, {d(1, 20), d(2, 15), d(3, 1), d(4, 1), d(5, 1)}));
+    QCOMPARE(s.budgetDump(), before);
 }
 
 VANTREL_TEST(BudgetModelTest);
