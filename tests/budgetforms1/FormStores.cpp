@@ -4,17 +4,11 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QTimer>
-#include <memory>
-#include <stdexcept>
 
 namespace testing {
 
 Money cash(const char* text) {
-    const std::optional<Money> m = Money::parse(QString::fromLatin1(text));
-    if (!m)
-        throw std::invalid_argument(text);
-    return *m;
+    return Money::parse(QString::fromLatin1(text)).value();
 }
 
 FormStores::FormStores(const QString& account) {
@@ -50,29 +44,18 @@ void FormStores::costCentre(const QString& account, const QString& tel, const QS
                        account, tel, level1, level2);
 }
 
-namespace {
-
-QString plain(Money m) {
-    QString text = m.toPlainString();
-    while (text.contains(QLatin1Char('.')) &&
-           (text.endsWith(QLatin1Char('0')) || text.endsWith(QLatin1Char('.'))))
-        text.chop(1);
-    return text == QStringLiteral("-0") ? QStringLiteral("0") : text;
-}
-
-} // namespace
-
 QStringList FormStores::entries(int budgetId) {
     QStringList rows;
     Statement st(ctx.budgetDb,
                  QStringLiteral("SELECT SelectedDate, Usage, Recurring, OneOff, Adjustments "
                                 "FROM tblBudgetEntry WHERE BudgetID = ? ORDER BY SelectedDate"));
     st.bind(1, budgetId);
-    while (st.step())
-        rows << st.text(0) + QLatin1Char(':') +
-                    QStringList{plain(st.money(1)), plain(st.money(2)), plain(st.money(3)),
-                                plain(st.money(4))}
-                        .join(QLatin1Char('/'));
+    while (st.step()) {
+        QStringList amounts; // pounds from the stored ten-thousandths, no trailing zeros
+        for (int c = 1; c <= 4; ++c)
+            amounts << QString::number(st.money(c).raw() / 10000.0, 'g', 15);
+        rows << st.text(0) + QLatin1Char(':') + amounts.join(QLatin1Char('/'));
+    }
     return rows;
 }
 
@@ -125,12 +108,7 @@ void ModalDriver::when(const char* className, std::function<void(QWidget*)> acti
 }
 
 void ModalDriver::close(const char* className) {
-    when(className, [](QWidget* w) {
-        if (auto* dialog = qobject_cast<QDialog*>(w))
-            dialog->reject();
-        else
-            w->close();
-    });
+    when(className, [](QWidget* w) { static_cast<QDialog*>(w)->reject(); });
 }
 
 } // namespace testing

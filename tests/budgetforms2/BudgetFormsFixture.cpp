@@ -5,15 +5,11 @@
 #include <QApplication>
 #include <QDialog>
 #include <QTimer>
-#include <stdexcept>
 
 namespace testing {
 
 Money pounds(const char* text) {
-    const std::optional<Money> m = Money::parse(QString::fromLatin1(text));
-    if (!m)
-        throw std::invalid_argument(text);
-    return *m;
+    return Money::parse(QString::fromLatin1(text)).value();
 }
 
 BudgetFormsFixture::BudgetFormsFixture() {
@@ -25,17 +21,15 @@ BudgetFormsFixture::BudgetFormsFixture() {
 
 int BudgetFormsFixture::master(const QString& title, const QString& account, int level,
                                const QString& created) {
-    ctx.budgetDb.exec(QStringLiteral("INSERT INTO tblBudget (Title, BillAccount, CCLevel, CCName, Created, "
-                                     "MasterID, BudgetType) VALUES (?, ?, ?, '', ?, -1, -1)"),
-                      title, account, level, created);
-    return int(ctx.budgetDb.lastInsertRowId());
+    return child(-1, title, account, level, QStringLiteral(""), created);
 }
 
+// A master is a row whose MasterID and BudgetType are -1.
 int BudgetFormsFixture::child(int masterId, const QString& title, const QString& account, int level,
                               const QString& costCentre, const QString& created) {
     ctx.budgetDb.exec(QStringLiteral("INSERT INTO tblBudget (Title, BillAccount, CCLevel, CCName, Created, "
-                                     "MasterID, BudgetType) VALUES (?, ?, ?, ?, ?, ?, 0)"),
-                      title, account, level, costCentre, created, masterId);
+                                     "MasterID, BudgetType) VALUES (?, ?, ?, ?, ?, ?, ?)"),
+                      title, account, level, costCentre, created, masterId, masterId == -1 ? -1 : 0);
     return int(ctx.budgetDb.lastInsertRowId());
 }
 
@@ -47,32 +41,27 @@ int BudgetFormsFixture::entry(int budgetId, const Date& date, Money usage, Money
     return int(ctx.budgetDb.lastInsertRowId());
 }
 
-QString BudgetFormsFixture::entryAmounts(int dateId) {
-    Statement st(ctx.budgetDb,
-                 QStringLiteral("SELECT Usage, Recurring, OneOff, Adjustments FROM tblBudgetEntry "
-                                "WHERE DateID = ?"));
-    st.bind(1, dateId);
-    if (!st.step())
-        return QStringLiteral("<gone>");
-    QStringList parts;
-    for (int c = 0; c < 4; ++c)
-        parts << QString::number(st.int64(c));
-    return parts.join(QLatin1Char('|'));
-}
+namespace {
 
-QString BudgetFormsFixture::titleOf(int budgetId) {
-    Statement st(ctx.budgetDb, QStringLiteral("SELECT Title FROM tblBudget WHERE BudgetID = ?"));
-    st.bind(1, budgetId);
+// The first row's first column, or "<gone>" without a row.
+QString firstCell(Database& db, const QString& sql, int id) {
+    Statement st(db, sql);
+    st.bind(1, id);
     return st.step() ? st.text(0) : QStringLiteral("<gone>");
 }
 
-int BudgetFormsFixture::budgetRows(const QString& where) {
-    return int(queryInt(ctx.budgetDb, QStringLiteral("SELECT COUNT(*) FROM tblBudget WHERE ") + where));
+} // namespace
+
+QString BudgetFormsFixture::entryAmounts(int dateId) {
+    return firstCell(ctx.budgetDb,
+                     QStringLiteral("SELECT Usage || '|' || Recurring || '|' || OneOff || '|' || Adjustments "
+                                    "FROM tblBudgetEntry WHERE DateID = ?"),
+                     dateId);
 }
 
-int BudgetFormsFixture::entryRows(int budgetId) {
-    return int(queryInt(ctx.budgetDb,
-                        QStringLiteral("SELECT COUNT(*) FROM tblBudgetEntry WHERE BudgetID = ?"), budgetId));
+QString BudgetFormsFixture::titleOf(int budgetId) {
+    return firstCell(ctx.budgetDb, QStringLiteral("SELECT Title FROM tblBudget WHERE BudgetID = ?"),
+                     budgetId);
 }
 
 QString BudgetFormsFixture::budgetDump() {
@@ -89,43 +78,19 @@ QString BudgetFormsFixture::budgetDump() {
     return dump;
 }
 
-struct ModalWatch::State {
-    std::function<void(QDialog*)> inside;
-    bool armed = true;
-    QString seen;
-};
-
-namespace {
-
-void pollForModal(const std::shared_ptr<ModalWatch::State>& state) {
-    if (!state->armed)
-        return;
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (!dialog) {
-        QTimer::singleShot(10, [state] { pollForModal(state); });
-        return;
-    }
-    state->armed = false;
-    state->seen = QString::fromLatin1(dialog->metaObject()->className());
-    if (state->inside)
-        state->inside(dialog);
-    dialog->done(QDialog::Rejected);
-}
-
-} // namespace
-
-ModalWatch::ModalWatch(std::function<void(QDialog*)> inside)
-    : state_(std::make_shared<State>()) {
-    state_->inside = std::move(inside);
-    QTimer::singleShot(0, [state = state_] { pollForModal(state); });
-}
-
-ModalWatch::~ModalWatch() {
-    state_->armed = false;
-}
-
-QString ModalWatch::seen() const {
-    return state_->seen;
+ModalWatch::ModalWatch(std::function<void(QDialog*)> inside) {
+    timer_.setInterval(10);
+    QObject::connect(&timer_, &QTimer::timeout, [this, inside] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        timer_.stop();
+        seen_ = QString::fromLatin1(dialog->metaObject()->className());
+        if (inside)
+            inside(dialog);
+        dialog->done(QDialog::Rejected);
+    });
+    timer_.start();
 }
 
 } // namespace testing
