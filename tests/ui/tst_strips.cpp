@@ -1,21 +1,27 @@
 #include "TestRegistry.h"
 #include "app/BalloonText.h"
+#include "app/BrandFontRules.h"
 #include "app/cColours.h"
 #include "ui/Branding.h"
 #include "ui/ClickableLabel.h"
 #include "ui/HoverHints.h"
-#include "ui/WindowIcon.h"
 #include "ui/uctFooter.h"
 #include "ui/uctHeader.h"
 
 #include <QApplication>
+#include <QChartView>
+#include <QDateEdit>
 #include <QElapsedTimer>
 #include <QEnterEvent>
+#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTableWidget>
 #include <QTest>
+#include <QTextEdit>
 #include <QToolTip>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -27,17 +33,15 @@ void hover(QWidget* w, bool enter) {
 
 } // namespace
 
-// The balloons and hint lines, and the header and footer strips of every form.
+// The look every form shares: the brand font, balloons and hint lines, and the footer strip.
 class StripsTest : public QObject {
     Q_OBJECT
 private slots:
     void balloonTextFromCaptionAndHint();
     void hoverShowsTheHintAtOnceAndTheBalloonLater();
-    void headerTypeChoosesTheTitleShown();
-    void registeredButtonsTakeTheBrandLookAndFollowEnableButtons();
+    void footerButtons();
     void reportDetailsTakeThePlaceOfTheFreeLines();
-    void exitAndHelpRaiseTheirEvents();
-    void windowIconComesFromTheResources();
+    void brandFontSkipsControlsThatDrawTheirOwnText();
 };
 
 void StripsTest::balloonTextFromCaptionAndHint() {
@@ -86,18 +90,7 @@ void StripsTest::hoverShowsTheHintAtOnceAndTheBalloonLater() {
     QCOMPARE(footerLine->text(), QStringLiteral("Help"));
 }
 
-void StripsTest::headerTypeChoosesTheTitleShown() {
-    uctHeader header;
-    header.setTitle(QStringLiteral("Vantrel"));
-    header.setHeaderType(uctHeader::Type::Banner);
-    QVERIFY(!header.appTitleLabel()->isHidden() && header.titleLabel()->isHidden());
-    const int bannerHeight = header.height();
-    header.setHeaderType(uctHeader::Type::Compact);
-    QVERIFY(header.appTitleLabel()->isHidden() && !header.titleLabel()->isHidden());
-    QVERIFY(header.height() < bannerHeight);
-}
-
-void StripsTest::registeredButtonsTakeTheBrandLookAndFollowEnableButtons() {
+void StripsTest::footerButtons() {
     uctFooter footer;
     auto* print = new ClickableLabel(QStringLiteral("Output to Printer"));
     auto* excel = new ClickableLabel(QStringLiteral("Output to Excel"));
@@ -107,14 +100,25 @@ void StripsTest::registeredButtonsTakeTheBrandLookAndFollowEnableButtons() {
     QCOMPARE(footer.registeredCount(), 2);
     QCOMPARE(print->parentWidget(), &footer);
     QCOMPARE(print->palette().color(QPalette::Active, QPalette::Window), qColor(BrandColour));
-    QCOMPARE(print->palette().color(QPalette::Active, QPalette::WindowText), qColor(White));
-    QCOMPARE(excel->font().family(), brandFontFamily());
 
     footer.EnableButtons(false);
     QVERIFY(!print->isEnabled() && !excel->isEnabled());
     QVERIFY(footer.ExitEnabled() && footer.helpButton()->isEnabled());
     footer.EnableButtons(true);
     QVERIFY(print->isEnabled() && excel->isEnabled());
+
+    // Exit and help raise their events; a disabled exit raises none.
+    footer.show();
+    QSignalSpy buttons(&footer, &uctFooter::ButtonClicked);
+    QSignalSpy help(&footer, &uctFooter::HelpClicked);
+    QTest::mouseClick(footer.exitButton(), Qt::LeftButton);
+    QCOMPARE(buttons.count(), 1);
+    QCOMPARE(buttons.first().first().toInt(), uctFooter::ExitButton);
+    QTest::mouseClick(footer.helpButton(), Qt::LeftButton);
+    QCOMPARE(help.count(), 1);
+    footer.setExitEnabled(false);
+    QTest::mouseClick(footer.exitButton(), Qt::LeftButton);
+    QCOMPARE(buttons.count(), 1);
 }
 
 void StripsTest::reportDetailsTakeThePlaceOfTheFreeLines() {
@@ -139,30 +143,47 @@ void StripsTest::reportDetailsTakeThePlaceOfTheFreeLines() {
     QVERIFY(footer.invoiceTextLabel()->isHidden());
 }
 
-void StripsTest::exitAndHelpRaiseTheirEvents() {
-    uctFooter footer;
-    footer.show();
-    QSignalSpy buttons(&footer, &uctFooter::ButtonClicked);
-    QSignalSpy help(&footer, &uctFooter::HelpClicked);
-    QTest::mouseClick(footer.exitButton(), Qt::LeftButton);
-    QCOMPARE(buttons.count(), 1);
-    QCOMPARE(buttons.first().first().toInt(), uctFooter::ExitButton);
-    QTest::mouseClick(footer.helpButton(), Qt::LeftButton);
-    QCOMPARE(help.count(), 1);
-    footer.setExitEnabled(false);
-    QTest::mouseClick(footer.exitButton(), Qt::LeftButton);
-    QCOMPARE(buttons.count(), 1);
-}
+void StripsTest::brandFontSkipsControlsThatDrawTheirOwnText() {
+    // The first class of the chain that the rules know decides.
+    QVERIFY(!canTakeFont({"ReportChart", "QChartView"}));
+    QVERIFY(!canTakeFont({"ucReportArea", "QScrollArea"}));
+    QVERIFY(!canTakeFont({"ucProjectSelector", "QWidget"}));
 
-void StripsTest::windowIconComesFromTheResources() {
-    QVERIFY(resourceIcon(QStringLiteral("AAB")).availableSizes().contains(QSize(32, 32)));
-    QWidget window;
-    SetIcon(&window);
-    QVERIFY(!window.windowIcon().isNull());
-    // An unknown resource leaves the icon there was, and no failure.
-    const qint64 key = window.windowIcon().cacheKey();
-    SetIcon(&window, QStringLiteral("NOSUCH"));
-    QCOMPARE(window.windowIcon().cacheKey(), key);
+    // Each control starts in a font the brand font is told apart from.
+    const QString serif = QStringLiteral("DejaVu Serif");
+    auto* frame = new QGroupBox(QStringLiteral("Trending"));
+    auto* header = new uctHeader;
+    auto* note = new QTextEdit;
+    note->setObjectName(QStringLiteral("TXTNOTE"));
+    const QList<QWidget*> brand{new QLabel, frame, new QPushButton(frame), new QTableWidget(2, 2)};
+    const QList<QWidget*> own{new QDateEdit, new QChartView, header, header->titleLabel()};
+    const QList<QWidget*> labelsOnly{new QLabel, new QTextEdit, new QPushButton, note};
+    QWidget form, labelsForm;
+    auto* layout = new QVBoxLayout(&form);
+    auto* labelsLayout = new QVBoxLayout(&labelsForm);
+    const auto place = [&](QWidget* w, QVBoxLayout* onto) {
+        if (!w->parentWidget())
+            onto->addWidget(w);
+        QFont f = w->font();
+        f.setFamily(serif);
+        w->setFont(f);
+    };
+    for (QWidget* w : brand + own)
+        place(w, layout);
+    for (QWidget* w : labelsOnly)
+        place(w, labelsLayout);
+    ApplyBrandFont(&form);
+    ApplyBrandFont(&labelsForm, true);
+    QCOMPARE(form.font().family(), brandFontFamily());
+    for (QWidget* w : brand)
+        QCOMPARE(w->font().family(), brandFontFamily());
+    // Strips, charts and pickers keep theirs, and controls inside a strip are the strip's business.
+    for (QWidget* w : own)
+        QCOMPARE(w->font().family(), serif);
+    // Labels only: labels and text boxes take it, buttons and the note box keep theirs.
+    const QStringList expected{brandFontFamily(), brandFontFamily(), serif, serif};
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(labelsOnly[i]->font().family(), expected[i]);
 }
 
 VANTREL_TEST(StripsTest);
