@@ -2,25 +2,19 @@
 // The real Access files of the shared test data, read-only. They lie beside the
 // checkout, not in it: a test that needs one skips when it is absent.
 #include <QFileInfo>
-#include <QString>
 #include <QTest>
 
 namespace testing {
 
-inline constexpr const char* AccessFilesAbsent =
-    "the shared Access test files are absent: " VANTREL_TESTDATA_DIR "/access does not exist "
-    "(they are not part of the repository; check out ../shared beside it to run this test)";
-
-inline QString accessTestFile(const char* name) {
-    return QStringLiteral(VANTREL_TESTDATA_DIR "/access/") + QLatin1String(name);
+inline QString accessTestFile(const QString& name) {
+    return QStringLiteral(VANTREL_TESTDATA_DIR "/access/") + name;
 }
 
 } // namespace testing
 
-// Skips the current test, or the current row of a data-driven one, when the shared file
-// at `path` is absent.
+// Skips the current test, or the current row of a data-driven one, without the file at `path`.
 #define SKIP_WITHOUT_SHARED_FILE(path)                                                                       \
     do {                                                                                                     \
         if (!QFileInfo::exists(path))                                                                        \
-            QSKIP(testing::AccessFilesAbsent);                                                               \
+            QSKIP("the shared Access test files are absent (check out ../shared beside the repository)");    \
     } while (false)
