@@ -71,20 +71,11 @@ int FormStores::idOfTitle(const QString& title) {
 
 QString FormStores::header(int budgetId) {
     Statement st(ctx.budgetDb,
-                 QStringLiteral("SELECT Title, BillAccount, CCLevel, CCName, MasterID, BudgetType "
+                 QStringLiteral("SELECT ifnull(Title, '') || '|' || BillAccount || '|' || CCLevel || '|' || "
+                                "ifnull(CCName, '') || '|' || MasterID || '|' || BudgetType "
                                 "FROM tblBudget WHERE BudgetID = ?"));
     st.bind(1, budgetId);
-    if (!st.step())
-        return QStringLiteral("<no row>");
-    QStringList cells;
-    for (int c = 0; c < st.columnCount(); ++c)
-        cells << st.text(c);
-    return cells.join(QLatin1Char('|'));
-}
-
-ModalDriver::~ModalDriver() {
-    for (const auto& timer : timers_)
-        timer->stop();
+    return st.step() ? st.text(0) : QStringLiteral("<no row>");
 }
 
 void ModalDriver::when(const char* className, std::function<void(QWidget*)> action) {

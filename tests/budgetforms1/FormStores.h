@@ -41,10 +41,6 @@ struct FormStores {
 // milliseconds for at most five seconds); watches still waiting end with the driver.
 class ModalDriver {
 public:
-    ModalDriver() = default;
-    ModalDriver(const ModalDriver&) = delete;
-    ModalDriver& operator=(const ModalDriver&) = delete;
-    ~ModalDriver();
     void when(const char* className, std::function<void(QWidget*)> action);
     void close(const char* className); // as if cancelled
     int seen(const char* className) const { return seen_.value(QByteArray(className)); }

@@ -57,8 +57,7 @@ private slots:
     void showsTheRowsInTheOrderTheyWereMade();
     void valueWhenLeft();
     void typingFollowsTheCellRules();
-    void saveWritesByRowAndSaysSo();
-    void failedSaveWritesNothing();
+    void saveWritesByRowInOneTransaction();
     void questionsBeforeChangesAreLost();
     void aMastersDatesAreEditedAndReloaded();
 
@@ -95,11 +94,9 @@ void BudgetEditFormTest::init() {
     const int master = f_->master(QStringLiteral("Plan"), Account, 1);
     childId_ = f_->child(master, QStringLiteral("North"), Account, 1, QStringLiteral("Sales"));
     // Made out of date order: the grid keeps the order of the rows.
-    march_ =
-        f_->entry(childId_, Date(2023, 3, 1), pounds("1234.5"), pounds("20"), pounds("-3.25"), pounds("0"));
-    january_ = f_->entry(childId_, Date(2023, 1, 1), pounds("100"), pounds("21"), pounds("0"), pounds("4"));
-    february_ =
-        f_->entry(childId_, Date(2023, 2, 1), pounds("0.01"), pounds("22"), pounds("0"), pounds("-5"));
+    march_ = f_->entry(childId_, Date(2023, 3, 1), pounds("1234.5"), pounds("20"), pounds("-3.25"));
+    january_ = f_->entry(childId_, Date(2023, 1, 1), pounds("100"), pounds("21"), {}, pounds("4"));
+    february_ = f_->entry(childId_, Date(2023, 2, 1), pounds("0.01"), pounds("22"), {}, pounds("-5"));
     form_ = std::make_unique<frmBudgetEdit>(f_->ctx);
     form_->Setup(childId_);
     form_->show();
@@ -111,16 +108,15 @@ void BudgetEditFormTest::showsTheRowsInTheOrderTheyWereMade() {
     for (int column = 1; column <= 12; ++column)
         QCOMPARE(grid->isColumnHidden(column), column > 3);
     const QAbstractItemModel* m = grid->model();
-    QCOMPARE(m->headerData(1, Qt::Horizontal).toString(), QStringLiteral("p1\n01/03/2023"));
-    QCOMPARE(m->headerData(3, Qt::Horizontal).toString(), QStringLiteral("p3\n01/02/2023"));
-    QCOMPARE(QStringList({cell(0, 1), cell(2, 1), cell(1, 2), cell(3, 3)}),
-             (QStringList{"£1,234.50", "-£3.25", "£21.00", "-£5.00"}));
+    QCOMPARE(
+        QStringList({m->headerData(1, Qt::Horizontal).toString(), m->headerData(3, Qt::Horizontal).toString(),
+                     cell(0, 1), cell(2, 1), cell(1, 2), cell(3, 3)}),
+        (QStringList{"p1\n01/03/2023", "p3\n01/02/2023", "£1,234.50", "-£3.25", "£21.00", "-£5.00"}));
     // The earliest and latest dates, whatever the order of the rows.
     QCOMPARE(form_->titleBox()->text(), QStringLiteral("North  (from 01/01/2023 to 01/03/2023)"));
     QVERIFY(form_->datesButton()->isHidden()); // only a master's dates can be edited
     QVERIFY(!form_->isChanged());
     // An unused period takes nothing; a budget that is gone is no grid.
-    QVERIFY(!(m->flags(m->index(0, 4)) & Qt::ItemIsEditable));
     QVERIFY(!form_->gridModel()->setData(m->index(0, 4), QStringLiteral("5")));
     QVERIFY_THROWS_EXCEPTION(BudgetNotFoundError, loadBudgetGrid(f_->ctx.budgetDb, 4242));
 }
@@ -145,8 +141,6 @@ void BudgetEditFormTest::typingFollowsTheCellRules() {
     QCOMPARE(editor->text(), QStringLiteral("12.53"));
     QTest::keyClick(editor, '-');
     QCOMPARE(editor->text(), QStringLiteral("-12.53"));
-    QTest::keyClick(editor, '-');
-    QTest::keyClick(editor, '-');
     commit(editor);
     QCOMPARE(cell(0, 1), QStringLiteral("-£12.53"));
     QVERIFY(form_->isChanged());
@@ -171,7 +165,7 @@ void BudgetEditFormTest::typingFollowsTheCellRules() {
              QList<qreal>({-12.53, 1234.5}));
 }
 
-void BudgetEditFormTest::saveWritesByRowAndSaysSo() {
+void BudgetEditFormTest::saveWritesByRowInOneTransaction() {
     const int other = f_->entry(f_->master(QStringLiteral("Other"), Account, 0), Date(2023, 1, 1),
                                 pounds("1"), pounds("2"), pounds("3"), pounds("4"));
     type(0, 2, QStringLiteral("150"));  // January usage
@@ -179,29 +173,26 @@ void BudgetEditFormTest::saveWritesByRowAndSaysSo() {
     // The last figure is still being typed when Save is clicked.
     if (QLineEdit* editor = startEdit(3, 3)) // February adjustments
         editor->setText(QStringLiteral("8"));
-    QTest::mouseClick(form_->saveButton(), Qt::LeftButton);
-    QCOMPARE(f_->dialogs.texts(), QStringList{BudgetText::BudgetSaved});
-    QCOMPARE(f_->entryAmounts(march_), QStringLiteral("12345000|200000|-75000|0"));
-    QCOMPARE(f_->entryAmounts(january_), QStringLiteral("1500000|210000|0|40000"));
-    QCOMPARE(f_->entryAmounts(february_), QStringLiteral("100|220000|0|80000"));
-    QCOMPARE(f_->entryAmounts(other), QStringLiteral("10000|20000|30000|40000"));
-    QVERIFY(!form_->isChanged());
-}
-
-void BudgetEditFormTest::failedSaveWritesNothing() {
-    for (int column = 1; column <= 3; ++column)
-        type(0, column, QStringLiteral("99"));
     // The last period's row refuses the write: the two written before it must go back.
     f_->ctx.budgetDb.execScript(
         QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE ON tblBudgetEntry "
                        "WHEN NEW.DateID = %1 BEGIN SELECT RAISE(ABORT, 'refused'); END")
             .arg(february_));
     const QString before = f_->budgetDump();
-    form_->cmdSave_Click();
+    QTest::mouseClick(form_->saveButton(), Qt::LeftButton);
     QCOMPARE(f_->dialogs.messages.size(), size_t(1));
     QCOMPARE(f_->dialogs.messages[0].icon, MessageIcon::Critical);
     QCOMPARE(f_->budgetDump(), before);
     QVERIFY(form_->isChanged());
+
+    f_->ctx.budgetDb.execScript(QStringLiteral("DROP TRIGGER refuse"));
+    form_->cmdSave_Click();
+    QCOMPARE(f_->dialogs.lastText(), BudgetText::BudgetSaved);
+    QCOMPARE(f_->entryAmounts(march_), QStringLiteral("12345000|200000|-75000|0"));
+    QCOMPARE(f_->entryAmounts(january_), QStringLiteral("1500000|210000|0|40000"));
+    QCOMPARE(f_->entryAmounts(february_), QStringLiteral("100|220000|0|80000"));
+    QCOMPARE(f_->entryAmounts(other), QStringLiteral("10000|20000|30000|40000"));
+    QVERIFY(!form_->isChanged());
 }
 
 void BudgetEditFormTest::questionsBeforeChangesAreLost() {
@@ -231,20 +222,16 @@ void BudgetEditFormTest::questionsBeforeChangesAreLost() {
 
 void BudgetEditFormTest::aMastersDatesAreEditedAndReloaded() {
     const int whole = f_->master(QStringLiteral("Whole"), Account, 0);
-    const int row = f_->entry(whole, Date(2023, 4, 1), pounds("5"));
+    f_->entry(whole, Date(2023, 4, 1), pounds("5"));
     form_->Setup(whole);
     QVERIFY(!form_->datesButton()->isHidden());
     QCOMPARE(form_->periodCount(), 1);
-    ModalWatch opened([&](QDialog*) {
-        // The dates form changes the store meanwhile.
-        f_->entry(whole, Date(2023, 5, 1), pounds("6"));
-        f_->ctx.budgetDb.exec(QStringLiteral("UPDATE tblBudgetEntry SET Usage = 90000 WHERE DateID = ?"),
-                              row);
-    });
+    ModalWatch opened(
+        [&](QDialog*) { f_->entry(whole, Date(2023, 5, 1), pounds("6")); }); // as if a date was added
     QTest::mouseClick(form_->datesButton(), Qt::LeftButton);
     QCOMPARE(opened.seen(), QStringLiteral("frmBudgetAddMaster"));
     QCOMPARE(form_->periodCount(), 2);
-    QCOMPARE(QStringList({cell(0, 1), cell(0, 2)}), (QStringList{"£9.00", "£6.00"}));
+    QCOMPARE(cell(0, 2), QStringLiteral("£6.00"));
     QVERIFY(!form_->grid()->isColumnHidden(2));
 }
 
@@ -296,11 +283,9 @@ void BudgetManagementFormTest::listSelectionAndSort() {
     for (int i = 0; i < list->topLevelItemCount(); ++i) // masters in bold
         QCOMPARE(list->topLevelItem(i)->font(0).bold(), i == 1 || i == 4);
     QVERIFY(list->selectedItems().isEmpty());
-    // A cost-centre budget is selected with its master; a master is its own.
+    // A cost-centre budget is selected with its master.
     click(list, 0, form_->rowOf(north_));
     QCOMPARE(QList<int>({form_->selectedId(), form_->selectedMasterId()}), QList<int>({north_, alpha_}));
-    click(list, 0, form_->rowOf(alpha_));
-    QCOMPARE(QList<int>({form_->selectedId(), form_->selectedMasterId()}), QList<int>({alpha_, alpha_}));
     // Start dates: Alpha and its children 05/01/2023, beta 20/01/2022, Lost 10/04/2023. As
     // text 05/01 < 10/04 < 20/01; as dates beta's 2022 comes first.
     click(list, frmBudgetManagement::StartDateColumn);
