@@ -1,27 +1,23 @@
 #include "TestRegistry.h"
 #include "app/cColours.h"
-#include "ui/ControlColours.h"
+#include "render/ChartColours.h"
 
 #include <QBarSeries>
 #include <QBarSet>
 #include <QChart>
-#include <QHeaderView>
 #include <QLineSeries>
 #include <QPieSeries>
 #include <QPieSlice>
-#include <QTableWidget>
 #include <QTest>
-#include <QTreeWidget>
 #include <stdexcept>
 
 // The palette's rules (five families of six laid end to end, light to dark; a number is
-// red + 256 green + 65536 blue) and how charts and grids take its colours.
+// red + 256 green + 65536 blue) and how charts take its colours.
 class ColoursTest : public QObject {
     Q_OBJECT
 private slots:
     void familiesAreRunsOfThePaletteFromLightToDark();
     void chartsTakeTheSeriesAndPieTablesInOrder();
-    void gridsTakeHeaderAndSelectionColours();
 };
 
 void ColoursTest::familiesAreRunsOfThePaletteFromLightToDark() {
@@ -84,22 +80,6 @@ void ColoursTest::chartsTakeTheSeriesAndPieTablesInOrder() {
     SetGraphColours(c, &pieChart);
     for (int i = 0; i < 22; ++i)
         QCOMPARE(pie->slices()[i]->color(), c.pieEntry(i).toQColor());
-}
-
-void ColoursTest::gridsTakeHeaderAndSelectionColours() {
-    const cColours c;
-    QTableWidget table(3, 3), editor(2, 2);
-    QTreeWidget list;
-    SetMSFlexGrid(c, &table);
-    SetMSFlexGrid(c, &list);
-    SetTDBGrid(c, &editor);
-    SetMSFlexGrid(c, nullptr);
-    for (auto group : {QPalette::Active, QPalette::Inactive})
-        QCOMPARE(table.palette().color(group, QPalette::Highlight), qColor(c.Indigo(6)));
-    QCOMPARE(table.palette().color(QPalette::HighlightedText), QColor(Qt::white));
-    QVERIFY(table.horizontalHeader()->styleSheet().contains(qColor(c.Indigo(2)).name()));
-    for (QHeaderView* header : {table.horizontalHeader(), list.header(), editor.verticalHeader()})
-        QCOMPARE(header->palette().color(QPalette::Button), qColor(c.Indigo(2)));
 }
 
 VANTREL_TEST(ColoursTest);
