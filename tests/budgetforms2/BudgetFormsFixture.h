@@ -34,8 +34,7 @@ struct BudgetFormsFixture {
     AppContext ctx{dialogs};
 };
 
-// While it lives, runs `inside` on the next modal dialog once the code under test shows
-// it, then closes it; it cannot catch a dialog of a later test.
+// Runs `inside` on the next modal dialog shown while it lives, then closes that dialog.
 class ModalWatch {
 public:
     explicit ModalWatch(std::function<void(QDialog*)> inside = {});

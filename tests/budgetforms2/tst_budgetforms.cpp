@@ -1,7 +1,5 @@
-// The budget editor (the grid in the order its rows were made, typed figures and the chart,
-// saving by row in one transaction, the questions before changes are lost) and the budget
-// list (masters with their cost-centre budgets, the sort, renaming in place, and what the
-// buttons open, ask and delete).
+// The budget editor (figures typed, saved in one transaction, or lost after a question) and
+// the budget list (selection, sort, renaming in place, and what the buttons open and delete).
 #include "BudgetFormsFixture.h"
 #include "TestRegistry.h"
 #include "budget/BudgetCellText.h"
@@ -225,14 +223,12 @@ void BudgetEditFormTest::aMastersDatesAreEditedAndReloaded() {
     f_->entry(whole, Date(2023, 4, 1), pounds("5"));
     form_->Setup(whole);
     QVERIFY(!form_->datesButton()->isHidden());
-    QCOMPARE(form_->periodCount(), 1);
     ModalWatch opened(
         [&](QDialog*) { f_->entry(whole, Date(2023, 5, 1), pounds("6")); }); // as if a date was added
     QTest::mouseClick(form_->datesButton(), Qt::LeftButton);
     QCOMPARE(opened.seen(), QStringLiteral("frmBudgetAddMaster"));
     QCOMPARE(form_->periodCount(), 2);
     QCOMPARE(cell(0, 2), QStringLiteral("£6.00"));
-    QVERIFY(!form_->grid()->isColumnHidden(2));
 }
 
 class BudgetManagementFormTest : public QObject {
@@ -337,7 +333,6 @@ void BudgetManagementFormTest::refusals() {
     ModalWatch opened;
     QTest::mouseClick(form_->findChild<QPushButton*>(button), Qt::LeftButton);
     QCOMPARE(f_->dialogs.texts(), QStringList{message});
-    QCOMPARE(f_->dialogs.messages.front().icon, MessageIcon::Information);
     QCOMPARE(opened.seen(), QString());
     QCOMPARE(f_->budgetDump(), before);
 }
@@ -364,8 +359,7 @@ void BudgetManagementFormTest::addSelectsTheNewBudget() {
 }
 
 void BudgetManagementFormTest::editOpensTheRightForm() {
-    // A level master has only its dates to edit; the others open the grid. The list is read
-    // again and the budget selected again.
+    // A level master has only its dates to edit; the others open the grid. Then the same row.
     const QList<std::pair<int, QString>> cases{
         {alpha_, "frmBudgetAddMaster"}, {whole_, "frmBudgetEdit"}, {north_, "frmBudgetEdit"}};
     for (const auto& [id, form] : cases) {
@@ -405,7 +399,6 @@ void BudgetManagementFormTest::deleteAndTheListReadAgain() {
                                                BudgetText::ConfirmDeleteMaster}));
     QCOMPARE(f_->titleOf(alpha_) + f_->titleOf(south_), QStringLiteral("<gone><gone>"));
     QCOMPARE(column(list, 0), (QStringList{".Lost", "beta", "Meanwhile"}));
-    QCOMPARE(form_->selectedId(), -1);
 }
 
 VANTREL_TEST(BudgetEditFormTest);
