@@ -5,9 +5,11 @@
 namespace testing {
 
 Money money(const char* text) {
-    const std::optional<Money> m = Money::parse(QString::fromLatin1(text));
-    Q_ASSERT_X(m, "money", text);
-    return m.value_or(Money());
+    return Money::parse(QString::fromLatin1(text)).value_or(Money::fromPounds(-999999)); // a typo shows
+}
+
+Date d(unsigned month, unsigned day, int year) {
+    return Date(year, month, day);
 }
 
 QString amounts(Money usage, Money recurring, Money oneOff, Money adjustments) {
@@ -23,11 +25,10 @@ QString amounts(Money usage, Money recurring, Money oneOff, Money adjustments) {
 
 QStringList entriesOf(const clsBudget& b) {
     QStringList rows;
-    for (int i = 1; i <= b.EntryCount(); ++i) {
-        const clsBudgetCostEntry& e = b.Entry(i);
-        rows << e.SelectedDate.toIso() + QLatin1Char(':') +
-                    amounts(e.Usage, e.Recurring, e.OneOff, e.Adjustments);
-    }
+    for (int i = 1; i <= b.EntryCount(); ++i)
+        rows << b.Entry(i).SelectedDate.toIso() + QLatin1Char(':') +
+                    amounts(b.Entry(i).Usage, b.Entry(i).Recurring, b.Entry(i).OneOff,
+                            b.Entry(i).Adjustments);
     return rows;
 }
 
@@ -91,15 +92,11 @@ QStringList BudgetStores::entries(int budgetId) {
 
 QString BudgetStores::budgetDump() {
     QString dump;
-    for (const char* sql :
-         {"SELECT * FROM tblBudget ORDER BY BudgetID", "SELECT * FROM tblBudgetEntry ORDER BY DateID",
-          "SELECT seq FROM sqlite_sequence ORDER BY name"}) {
-        Statement st(budgetDb, QString::fromLatin1(sql));
-        while (st.step()) {
+    for (const char* table : {"tblBudget", "tblBudgetEntry", "sqlite_sequence"}) {
+        Statement st(budgetDb, QStringLiteral("SELECT * FROM %1 ORDER BY 1").arg(QLatin1String(table)));
+        while (st.step())
             for (int c = 0; c < st.columnCount(); ++c)
-                dump += st.text(c) + QLatin1Char('|');
-            dump += QLatin1Char('\n');
-        }
+                dump += st.text(c) + QLatin1Char(c + 1 < st.columnCount() ? '|' : '\n');
     }
     return dump;
 }

@@ -6,22 +6,15 @@
 #include "budget/clsBudget.h"
 #include "data/Database.h"
 
-#include <QStringList>
-
 namespace testing {
 
 const QString Account = QStringLiteral("ACC1");
 
-// Exact money from text: money("12.3456").
-Money money(const char* text);
-// A day of 2023 unless told.
-inline Date d(unsigned month, unsigned day, int year = 2023) {
-    return Date(year, month, day);
-}
+Money money(const char* text); // exact: money("12.3456")
+Date d(unsigned month, unsigned day, int year = 2023);
 // Amounts as "usage/recurring/oneOff/adjustments" in plain decimals: "10.1/2/0/-0.5".
 QString amounts(Money usage, Money recurring, Money oneOff, Money adjustments);
-// A budget's entries in memory as "yyyy-mm-dd:amounts".
-QStringList entriesOf(const clsBudget& b);
+QStringList entriesOf(const clsBudget& b); // "yyyy-mm-dd:amounts" for each entry in memory
 
 struct BudgetStores {
     BudgetStores();
@@ -40,8 +33,7 @@ struct BudgetStores {
     void entry(int budgetId, const Date& date, Money usage = {}, Money recurring = {}, Money oneOff = {},
                Money adjustments = {});
 
-    // A budget's stored entries as "yyyy-mm-dd:amounts", by date and row.
-    QStringList entries(int budgetId);
+    QStringList entries(int budgetId); // the stored entries as entriesOf() shows them
     // Every row of both budget tables as one text, to tell whether anything changed.
     QString budgetDump();
 
