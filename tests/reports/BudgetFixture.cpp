@@ -2,14 +2,6 @@
 
 #include "data/Schema.h"
 
-namespace {
-
-Date day(int y, unsigned m, unsigned d) {
-    return Date(y, m, d);
-}
-
-} // namespace
-
 // Bills of 31/01, 29/02, 30/04 and 31/05/2024 (none in March), each with the same rows:
 //   number  level 1   usage  rec  one off  adj   pre-tax
 //   0100    Sales     1000   200                 1200
@@ -43,7 +35,7 @@ BudgetFixture::BudgetFixture() {
     };
     for (const Number& n : numbers) {
         number(QString::fromLatin1(n.tel), {n.centre});
-        for (const Date& bill : {day(2024, 1, 31), day(2024, 2, 29), day(2024, 4, 30), day(2024, 5, 31)})
+        for (const Date& bill : {Date(2024, 1, 31), Date(2024, 2, 29), Date(2024, 4, 30), Date(2024, 5, 31)})
             add(bill, QString::fromLatin1(n.tel),
                 {{QStringLiteral("Usage Charges"), Money::fromPounds(n.usage)},
                  {QStringLiteral("Recurring Charges"), Money::fromPounds(n.rec)},
@@ -52,8 +44,8 @@ BudgetFixture::BudgetFixture() {
                  {QStringLiteral("PreTax Cost"), Money::fromPounds(n.preTax)}});
     }
 
-    const Date dates[] = {day(2024, 1, 31), day(2024, 2, 29), day(2024, 3, 31), day(2024, 4, 28),
-                          day(2024, 6, 30)};
+    const Date dates[] = {Date(2024, 1, 31), Date(2024, 2, 29), Date(2024, 3, 31), Date(2024, 4, 28),
+                          Date(2024, 6, 30)};
     levelMaster = master(QStringLiteral("Level One"), 1);
     for (const Date& d : dates)
         entry(levelMaster, d, Money());
@@ -61,7 +53,7 @@ BudgetFixture::BudgetFixture() {
     finance = child(levelMaster, QStringLiteral("Finance"));
     const int ops = child(levelMaster, QStringLiteral("Ops"));
     const int nobody = child(levelMaster, QStringLiteral("Nobody"));
-    const int exact = child(levelMaster, QStringLiteral("Exact"));
+    exact = child(levelMaster, QStringLiteral("Exact"));
     const int financeUsage[] = {0, -100, 400, 400, 400};
     const int opsUsage[] = {2200, 2000, 0, 2100, 0};
     for (int i = 0; i < 5; ++i) {
@@ -74,7 +66,7 @@ BudgetFixture::BudgetFixture() {
 
     wholeBill = master(QStringLiteral("Whole"), 0);
     for (const Date& d :
-         {day(2024, 1, 31), day(2024, 2, 29), day(2024, 3, 31), day(2024, 4, 30), day(2024, 5, 31)})
+         {Date(2024, 1, 31), Date(2024, 2, 29), Date(2024, 3, 31), Date(2024, 4, 30), Date(2024, 5, 31)})
         entry(wholeBill, d, Money::fromPounds(4000));
 }
 

@@ -17,4 +17,5 @@ public:
     int wholeBill = 0;
     int finance = 0;
     int sales = 0;
+    int exact = 0;
 };
