@@ -1,20 +1,23 @@
+// Moving between report levels: drill-down from a row, Previous, a fresh start; and the
+// numbers a filter chooses and the lists to choose from.
 #include "TestRegistry.h"
 #include "TrendFixture.h"
+#include "reports/ReportCsv.h"
+#include "reports/ReportFrame.h"
 #include "reports/ReportNavigation.h"
+#include "reports/TrendReportChoices.h"
 
 #include <QTest>
 
 namespace {
 
-const QString Usage = QStringLiteral("Usage Charges");
-
 // A bill with two products in two months, numbers under two cost centres.
 void fillBill(TrendFixture& f) {
     f.number("0100", {"Sales"});
     f.number("0200", {"Finance"});
-    f.add(Date(2012, 1, 31), "0100", {{Usage, pounds(10)}, {"PreTax Cost", pounds(10)}}, "P1");
-    f.add(Date(2012, 2, 29), "0100", {{Usage, pounds(20)}, {"PreTax Cost", pounds(20)}}, "P2 (x)");
-    f.add(Date(2012, 2, 29), "0200", {{Usage, pounds(99)}, {"PreTax Cost", pounds(99)}}, "P1");
+    f.add(Date(2012, 1, 31), "0100", {{"Usage Charges", pounds(10)}, {"PreTax Cost", pounds(10)}}, "P1");
+    f.add(Date(2012, 2, 29), "0100", {{"Usage Charges", pounds(20)}, {"PreTax Cost", pounds(20)}}, "P2 (x)");
+    f.add(Date(2012, 2, 29), "0200", {{"Usage Charges", pounds(99)}, {"PreTax Cost", pounds(99)}}, "P1");
 }
 
 } // namespace
@@ -22,215 +25,121 @@ void fillBill(TrendFixture& f) {
 class NavigationTest : public QObject {
     Q_OBJECT
 private slots:
-    void runReportDispatchesByNumber_data();
-    void runReportDispatchesByNumber();
-    void registeredBuilderJoinsTheDispatch();
-    void startClearsTheStackAndRecordsTheReport();
-    void drillDownFromTotalChargesOpensTheFamily_data();
-    void drillDownFromTotalChargesOpensTheFamily();
-    void drillDownFromServiceTrendOpensTheProduct();
-    void rowsAndReportsThatDoNotDrillDown_data();
-    void rowsAndReportsThatDoNotDrillDown();
-    void failedDrillDownLeavesTheStackAsItWas();
-    void previousReportRebuildsTheLevelBehind();
-    void previousReportWithNothingBehind();
-    void previousReportOfAnUnknownNumber();
-    void backForgetsThePath();
+    void drillDownAndBack_data();
+    void drillDownAndBack();
+    void previousWithNothingToShowAndAFailedDrillDown();
+    void filterNumbersPerLevel_data();
+    void filterNumbersPerLevel();
 };
 
-void NavigationTest::runReportDispatchesByNumber_data() {
-    QTest::addColumn<ReportParams>("params");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QString>("caption");
-    QTest::newRow("1") << totalChargesParams(1, "Sales") << 1
-                       << "Total Charges Trend where Cost Centre Level 1 = Sales";
-    QTest::newRow("2") << individualChargesParams(0, "", 2) << 1 << "Recurring Charges for Whole Bill";
-    QTest::newRow("2, bad view") << individualChargesParams(0, "", 9) << 4 << QString();
-    QTest::newRow("3") << serviceParams(6, "0200") << 1 << "Service Type Trend for 0200";
-    QTest::newRow("4") << serviceLevel2Params(0, "", "P2 (x)") << 1 << "P2 (x) Service Trend for Whole Bill";
-    QTest::newRow("5") << top10Params(1, "", 2) << 1 << "Top 10 Cost Centres by Recurring Charges";
-    QTest::newRow("0") << ReportParams{0} << 0 << QString();
-    QTest::newRow("11") << ReportParams{11, 1} << 0 << QString();
-    QTest::newRow("empty") << ReportParams{} << 0 << QString();
+void NavigationTest::drillDownAndBack_data() {
+    QTest::addColumn<ReportParams>("shown");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<ReportParams>("next"); // empty: the row does not drill down
+    const ReportParams sales = totalChargesParams(1, "Sales");
+    const ReportParams whole = totalChargesParams(0, "");
+    QTest::newRow("usage") << sales << 1 << individualChargesParams(1, "Sales", 1);
+    QTest::newRow("recurring") << sales << 2 << individualChargesParams(1, "Sales", 2);
+    QTest::newRow("one off") << sales << 3 << individualChargesParams(1, "Sales", 3);
+    QTest::newRow("adjustments") << sales << 4 << individualChargesParams(1, "Sales", 4);
+    QTest::newRow("a product") << serviceParams(6, "0100") << 2 << serviceLevel2Params(6, "0100", "P2 (x)");
+    QTest::newRow("headings") << whole << 0 << ReportParams{};
+    QTest::newRow("totals") << whole << 5 << ReportParams{};
+    QTest::newRow("percent") << whole << 6 << ReportParams{};
+    QTest::newRow("below the grid") << whole << 9 << ReportParams{};
+    QTest::newRow("service totals") << serviceParams(0, "") << 3 << ReportParams{};
+    QTest::newRow("individual charges") << individualChargesParams(0, "", 1) << 1 << ReportParams{};
+    QTest::newRow("product drill-down") << serviceLevel2Params(0, "", "P1") << 1 << ReportParams{};
 }
 
-void NavigationTest::runReportDispatchesByNumber() {
-    QFETCH(ReportParams, params);
-    QFETCH(int, status);
-    QFETCH(QString, caption);
-    TrendFixture f;
-    fillBill(f);
-    ReportContext rc = f.context();
-    const ReportResult result = RunReport(rc, params);
-    QCOMPARE(result.status, status);
-    QCOMPARE(result.report.has_value(), status == 1);
-    if (result.report) {
-        QCOMPARE(result.report->caption, caption);
-        QCOMPARE(result.report->params, params);
-    }
-}
-
-void NavigationTest::registeredBuilderJoinsTheDispatch() {
-    TrendFixture f;
-    ReportContext rc = f.context();
-    ReportParams seen;
-    setReportBuilder(9, [&](ReportContext&, const ReportParams& params) {
-        seen = params;
-        return ReportResult{2, std::nullopt};
-    });
-    QCOMPARE(RunReport(rc, ReportParams{9, 14, 3}).status, 2);
-    QCOMPARE(seen, (ReportParams{9, 14, 3}));
-    setReportBuilder(9, {});
-}
-
-void NavigationTest::startClearsTheStackAndRecordsTheReport() {
+void NavigationTest::drillDownAndBack() {
+    QFETCH(ReportParams, shown);
+    QFETCH(int, row);
+    QFETCH(ReportParams, next);
     TrendFixture f;
     fillBill(f);
     ReportContext rc = f.context();
     ReportSession session;
-    session.reportStack.Push(ReportParams{3, 0, QString()});
-    const ReportResult result = StartReport(rc, session, totalChargesParams(0, QString()));
-    QCOMPARE(result.status, 1);
+    session.reportStack.Push(serviceParams(0, QString())); // a start forgets it
+    const Report first = *StartReport(rc, session, shown).report;
+    QCOMPARE(session.currentReportNumber, reportNumberOf(shown));
+    const std::optional<ReportResult> deeper = DrillDown(rc, session, first, row);
+    QCOMPARE(deeper.has_value(), !next.isEmpty());
+    if (next.isEmpty()) {
+        QCOMPARE(session.reportStack.Count(), 0);
+        QCOMPARE(session.currentReportParams, shown);
+        return;
+    }
+    QVERIFY(deeper->shown());
+    QCOMPARE(deeper->report->params, next);
+    QCOMPARE(session.currentReportNumber, reportNumberOf(next));
+    QCOMPARE(session.currentReportParams, next);
+    QCOMPARE(session.reportStack.Count(), 1);
+    QVERIFY(CanShowPreviousReport(session));
+    // Previous builds the level behind again, and nothing is left behind it.
+    const ReportResult back = ShowPreviousReport(rc, session);
+    QVERIFY(back.shown());
+    QCOMPARE(reportToCsv(*back.report), reportToCsv(first));
+    QCOMPARE(session.currentReportParams, shown);
     QCOMPARE(session.reportStack.Count(), 0);
     QVERIFY(!CanShowPreviousReport(session));
-    QCOMPARE(session.currentReportNumber, 1);
-    QCOMPARE(session.currentReportParams, (ReportParams{1, 0, QString()}));
 }
 
-void NavigationTest::drillDownFromTotalChargesOpensTheFamily_data() {
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("view");
-    QTest::addColumn<QString>("caption");
-    QTest::newRow("usage") << 1 << 1 << "Usage Charges where Cost Centre Level 1 = Sales";
-    QTest::newRow("recurring") << 2 << 2 << "Recurring Charges where Cost Centre Level 1 = Sales";
-    QTest::newRow("one off") << 3 << 3 << "Connection where Cost Centre Level 1 = Sales";
-    QTest::newRow("adjustments") << 4 << 4 << "Total Adjustments where Cost Centre Level 1 = Sales";
-}
-
-void NavigationTest::drillDownFromTotalChargesOpensTheFamily() {
-    QFETCH(int, row);
-    QFETCH(int, view);
-    QFETCH(QString, caption);
+void NavigationTest::previousWithNothingToShowAndAFailedDrillDown() {
     TrendFixture f;
     fillBill(f);
     ReportContext rc = f.context();
     ReportSession session;
-    const Report shown = *StartReport(rc, session, totalChargesParams(1, "Sales")).report;
-    const std::optional<ReportResult> next = DrillDown(rc, session, shown, row);
-    QVERIFY(next);
-    QCOMPARE(next->status, 1);
-    QCOMPARE(next->report->caption, caption);
-    QCOMPARE(session.currentReportNumber, 2);
-    QCOMPARE(session.currentReportParams, (ReportParams{2, 1, QStringLiteral("Sales"), view}));
-    QCOMPARE(session.reportStack.Count(), 1);
-    QCOMPARE(session.reportStack.items().last().toList(), (ReportParams{1, 1, QStringLiteral("Sales")}));
-    QVERIFY(CanShowPreviousReport(session));
-}
-
-void NavigationTest::drillDownFromServiceTrendOpensTheProduct() {
-    TrendFixture f;
-    fillBill(f);
-    ReportContext rc = f.context();
-    ReportSession session;
-    const Report shown = *StartReport(rc, session, serviceParams(6, "0100")).report;
-    QCOMPARE(shown.grid.text(2, 0), QStringLiteral("P2 (x) (£)"));
-    const std::optional<ReportResult> next = DrillDown(rc, session, shown, 2);
-    QVERIFY(next);
-    QCOMPARE(next->status, 1);
-    QCOMPARE(session.currentReportParams,
-             (ReportParams{4, 6, QStringLiteral("0100"), QStringLiteral("P2 (x)")}));
-    QCOMPARE(next->report->grid.text(1, 1), QStringLiteral("£20.00"));
-}
-
-void NavigationTest::rowsAndReportsThatDoNotDrillDown_data() {
-    QTest::addColumn<ReportParams>("params");
-    QTest::addColumn<int>("row");
-    QTest::newRow("headings") << totalChargesParams(0, "") << 0;
-    QTest::newRow("totals") << totalChargesParams(0, "") << 5;
-    QTest::newRow("percent") << totalChargesParams(0, "") << 6;
-    QTest::newRow("below the grid") << totalChargesParams(0, "") << 9;
-    QTest::newRow("service totals") << serviceParams(0, "") << 3;
-    QTest::newRow("individual charges") << individualChargesParams(0, "", 1) << 1;
-    QTest::newRow("product drill-down") << serviceLevel2Params(0, "", "P1") << 1;
-}
-
-void NavigationTest::rowsAndReportsThatDoNotDrillDown() {
-    QFETCH(ReportParams, params);
-    QFETCH(int, row);
-    TrendFixture f;
-    fillBill(f);
-    ReportContext rc = f.context();
-    ReportSession session;
-    const Report shown = *StartReport(rc, session, params).report;
-    QVERIFY(!DrillDown(rc, session, shown, row));
+    QCOMPARE(ShowPreviousReport(rc, session).status, ReportStatus::NotProduced);
+    // A number no builder has is dropped from the stack.
+    session.reportStack.Push(ReportParams{11, 0, QString()});
+    QCOMPARE(ShowPreviousReport(rc, session).status, ReportStatus::NotProduced);
     QCOMPARE(session.reportStack.Count(), 0);
-    QCOMPARE(session.currentReportParams, params);
-}
-
-void NavigationTest::failedDrillDownLeavesTheStackAsItWas() {
-    TrendFixture f;
-    fillBill(f);
-    ReportContext rc = f.context();
-    ReportSession session;
+    // Back forgets the whole path.
+    const Report first = *StartReport(rc, session, totalChargesParams(0, QString())).report;
+    QVERIFY(DrillDown(rc, session, first, 1));
+    LeaveReports(session);
+    QVERIFY(!CanShowPreviousReport(session));
+    QCOMPARE(ShowPreviousReport(rc, session).status, ReportStatus::NotProduced);
+    // The bill goes away under a report: the next level finds nothing, and the stack
+    // stays as it was.
     StartReport(rc, session, serviceParams(0, QString()));
     PushCurrentReport(session);
     const Report shown = *OpenReport(rc, session, totalChargesParams(6, "0100")).report;
-    // The bill goes away under the report: the next level finds nothing.
     f.ctx.trendDb.exec(QStringLiteral("DELETE FROM TblSummaryTrend"));
     const std::optional<ReportResult> next = DrillDown(rc, session, shown, 1);
     QVERIFY(next);
-    QCOMPARE(next->status, 2);
-    QCOMPARE(session.reportStack.Count(), 1);
-    QCOMPARE(session.reportStack.items().first().toList(), (ReportParams{3, 0, QString()}));
-    QCOMPARE(session.currentReportParams, (ReportParams{1, 6, QStringLiteral("0100")}));
+    QCOMPARE(next->status, ReportStatus::NoData);
+    QCOMPARE(session.reportStack.items(), QVariantList{QVariant(serviceParams(0, QString()))});
+    QCOMPARE(session.currentReportParams, totalChargesParams(6, "0100"));
 }
 
-void NavigationTest::previousReportRebuildsTheLevelBehind() {
-    TrendFixture f;
-    fillBill(f);
-    ReportContext rc = f.context();
-    ReportSession session;
-    const Report first = *StartReport(rc, session, totalChargesParams(1, "Sales")).report;
-    DrillDown(rc, session, first, 2);
-    const ReportResult back = ShowPreviousReport(rc, session);
-    QCOMPARE(back.status, 1);
-    QCOMPARE(back.report->caption, first.caption);
-    QCOMPARE(back.report->grid.text(1, 1), first.grid.text(1, 1));
-    QCOMPARE(session.currentReportNumber, 1);
-    QCOMPARE(session.currentReportParams, (ReportParams{1, 1, QStringLiteral("Sales")}));
-    QCOMPARE(session.reportStack.Count(), 0);
-    QVERIFY(!CanShowPreviousReport(session));
+void NavigationTest::filterNumbersPerLevel_data() {
+    QTest::addColumn<int>("level");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QStringList>("numbers");
+    QTest::newRow("level 1, either spelling") << 1 << "sales" << QStringList{"0100", "0200"};
+    QTest::newRow("level 2 with a quote") << 2 << "St John's" << QStringList{"0200"};
+    QTest::newRow("no cost centre: null and empty") << 2 << QString() << QStringList{"0100", "0300"};
+    QTest::newRow("level 5") << 5 << "Desk 9" << QStringList{"0300"};
+    QTest::newRow("one number") << 6 << "0300" << QStringList{"0300"};
+    QTest::newRow("unknown centre") << 1 << "Nowhere" << QStringList{};
+    QTest::newRow("no such level") << 7 << "Sales" << QStringList{};
 }
 
-void NavigationTest::previousReportWithNothingBehind() {
+void NavigationTest::filterNumbersPerLevel() {
+    QFETCH(int, level);
+    QFETCH(QString, value);
+    QFETCH(QStringList, numbers);
     TrendFixture f;
-    ReportContext rc = f.context();
-    ReportSession session;
-    QCOMPARE(ShowPreviousReport(rc, session).status, 0);
-    session.reportStack.Clear();
-    QCOMPARE(ShowPreviousReport(rc, session).status, 0);
-}
-
-void NavigationTest::previousReportOfAnUnknownNumber() {
-    TrendFixture f;
-    ReportContext rc = f.context();
-    ReportSession session;
-    session.reportStack.Push(ReportParams{11, 0, QString()});
-    QCOMPARE(ShowPreviousReport(rc, session).status, 0);
-    QCOMPARE(session.reportStack.Count(), 0);
-}
-
-void NavigationTest::backForgetsThePath() {
-    TrendFixture f;
-    fillBill(f);
-    ReportContext rc = f.context();
-    ReportSession session;
-    const Report first = *StartReport(rc, session, totalChargesParams(0, QString())).report;
-    DrillDown(rc, session, first, 1);
-    QCOMPARE(session.reportStack.Count(), 1);
-    LeaveReports(session);
-    QCOMPARE(session.reportStack.Count(), 0);
-    QCOMPARE(ShowPreviousReport(rc, session).status, 0);
+    f.number(QStringLiteral("0100"), {"Sales", QVariant()});
+    f.number(QStringLiteral("0200"), {"SALES", "St John's"});
+    f.number(QStringLiteral("0300"), {"Finance", "", "", "", "Desk 9"});
+    QStringList found = FilterServiceNumbers(f.ctx, level, value);
+    found.sort();
+    QCOMPARE(found, numbers);
+    // The list to choose from names a centre once, whatever its case.
+    QCOMPARE(trendCostCentres(f.ctx, 1), (QStringList{"Finance", "SALES"}));
 }
 
 VANTREL_TEST(NavigationTest);
