@@ -85,8 +85,9 @@ CREATE TABLE TblSummaryTrend (
     "Usage Other" CURRENCY,
     "One Off Other" CURRENCY
 );
--- The bill's totals by cost type, and the figures of each number that the cost-centre
--- reports sum, are read straight from this index.
-CREATE INDEX idxTrendAccountDateFigures ON TblSummaryTrend (BillAccount, BillDate, "Usage Charges",
-    "Recurring Charges", "One Off Charges and Credits", "Adjustments", "Service No", "PreTax Cost");
+-- The figures of each number that the cost-centre reports sum are read straight from
+-- this index, a bill's numbers in order.
+CREATE INDEX idxTrendAccountDateFigures ON TblSummaryTrend (BillAccount, BillDate, "Service No",
+    "Usage Charges", "Recurring Charges", "One Off Charges and Credits", "Adjustments", "PreTax Cost",
+    "Telemarketing");
 CREATE INDEX idxTrendAccountService ON TblSummaryTrend (BillAccount, "Service No");

@@ -5,6 +5,7 @@
 #include "app/DialogService.h"
 #include "app/ErrorLog.h"
 #include "data/Stores.h"
+#include "data/TrendTotals.h"
 
 QString buildVersion(int major, int minor, int revision) {
     return QStringLiteral("%1.%2.%3")
@@ -59,6 +60,12 @@ bool startInstallation(AppContext& ctx, std::unique_ptr<cPathControl> paths) {
     } catch (const DbError& e) {
         // The repair is retried at the next start; the stores are usable as they are.
         LogError(*ctx.paths, QStringLiteral("ZeroNullTrendColumns"), e.code(), e.message());
+    }
+    try {
+        ensureTrendTotals(ctx.trendDb);
+    } catch (const DbError& e) {
+        // The whole-bill reports then say they cannot read the totals; the next start tries again.
+        LogError(*ctx.paths, QStringLiteral("ensureTrendTotals"), e.code(), e.message());
     }
     return true;
 }

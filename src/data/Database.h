@@ -117,7 +117,7 @@ public:
     int integer(int column) const { return int(int64(column)); }
     double real(int column) const;
     QString text(int column) const; // NULL reads as ""
-    Money money(int column) const;
+    Money money(int column) const; // NULL reads as 0
     Date date(int column) const;
     DateTime dateTime(int column) const;
     DbValue value(int column) const;

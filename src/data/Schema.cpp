@@ -1,6 +1,7 @@
 #include "data/Schema.h"
 
 #include "data/Database.h"
+#include "data/TrendTotals.h"
 
 #include <QFile>
 
@@ -24,5 +25,7 @@ void createDatabaseFromSchema(const QString& path, const QString& schemaName) {
     Database db = Database::open(path, Database::Mode::ReadWriteCreate);
     Transaction tx(db);
     db.execScript(sql);
+    if (schemaName == QLatin1String("trend"))
+        createTrendTotalsTables(db);
     tx.commit();
 }

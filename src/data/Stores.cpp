@@ -3,6 +3,7 @@
 #include "app/AppContext.h"
 #include "data/Database.h"
 #include "data/Schema.h"
+#include "data/TrendTotals.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -128,25 +129,39 @@ void UpgradeStores(Database& budgetDb, Database& trendDb) {
 }
 
 void addTrendIndexes(Database& trendDb) {
-    // Stores made before the figures index get it once; the narrower indexes it replaces go.
-    if (queryInt(trendDb, QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'index' AND "
-                                         "name = 'idxTrendAccountDateFigures'")) > 0)
+    // Stores made before the figures index took its present shape get it once; the
+    // narrower indexes it replaces go.
+    const QStringList figures{
+        QStringLiteral("BillAccount"),       QStringLiteral("BillDate"),
+        QStringLiteral("Service No"),        QStringLiteral("Usage Charges"),
+        QStringLiteral("Recurring Charges"), QStringLiteral("One Off Charges and Credits"),
+        QStringLiteral("Adjustments"),       QStringLiteral("PreTax Cost"),
+        QStringLiteral("Telemarketing")};
+    QString shape;
+    {
+        Statement st(trendDb,
+                     QStringLiteral("SELECT group_concat(name, '|') FROM (SELECT name FROM "
+                                    "pragma_index_info('idxTrendAccountDateFigures') ORDER BY seqno)"));
+        if (st.step())
+            shape = st.text(0);
+    }
+    if (shape == figures.join(QLatin1Char('|')))
         return;
     Transaction tx(trendDb);
-    trendDb.execScript(
-        QStringLiteral("DROP INDEX IF EXISTS idxTrendAccountDate;"
-                       "DROP INDEX IF EXISTS idxTrendAccountDateTotals;"
-                       "CREATE INDEX idxTrendAccountDateFigures ON TblSummaryTrend (BillAccount, BillDate, "
-                       "\"Usage Charges\", \"Recurring Charges\", \"One Off Charges and Credits\", "
-                       "\"Adjustments\", \"Service No\", \"PreTax Cost\");"
-                       "CREATE INDEX IF NOT EXISTS idxTrendAccountService ON TblSummaryTrend (BillAccount, "
-                       "\"Service No\");"));
+    trendDb.execScript(QStringLiteral("DROP INDEX IF EXISTS idxTrendAccountDate;"
+                                      "DROP INDEX IF EXISTS idxTrendAccountDateTotals;"
+                                      "DROP INDEX IF EXISTS idxTrendAccountDateFigures;"
+                                      "CREATE INDEX idxTrendAccountDateFigures ON TblSummaryTrend (\"%1\");"
+                                      "CREATE INDEX IF NOT EXISTS idxTrendAccountService ON TblSummaryTrend "
+                                      "(BillAccount, \"Service No\");")
+                           .arg(figures.join(QStringLiteral("\", \""))));
     tx.commit();
 }
 
 void CreateTrendTable(Database& trendDb) {
     Transaction tx(trendDb);
     trendDb.execScript(schemaText(QStringLiteral("trend")));
+    createTrendTotalsTables(trendDb);
     tx.commit();
 }
 
@@ -173,7 +188,11 @@ void ZeroNullTrendColumns(Database& trendDb) {
         tests << QStringLiteral("\"%1\" IS NULL").arg(column);
     }
     Transaction tx(trendDb);
-    trendDb.exec(QStringLiteral("UPDATE tblSummaryTrend SET %1 WHERE %2")
-                     .arg(sets.join(QStringLiteral(", ")), tests.join(QStringLiteral(" OR "))));
+    const int changed =
+        trendDb.exec(QStringLiteral("UPDATE tblSummaryTrend SET %1 WHERE %2")
+                         .arg(sets.join(QStringLiteral(", ")), tests.join(QStringLiteral(" OR "))));
+    // A sum of Nulls was Null and is now 0: the bill totals follow.
+    if (changed > 0 && trendDb.tableExists(TrendTotals::Table))
+        rebuildTrendTotals(trendDb);
     tx.commit();
 }

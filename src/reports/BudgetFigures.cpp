@@ -1,32 +1,17 @@
 #include "reports/BudgetFigures.h"
 
 #include "app/AppContext.h"
+#include "data/RawText.h"
 #include "data/ReferenceData.h"
 
 #include <QHash>
 #include <algorithm>
-#include <string>
-#include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 
 namespace {
 
 // Above this many numbers a scope is summed in one pass over the bills' rows; below it the
 // rows of its numbers are looked up by number.
 constexpr int ScanFromNumbers = 1000;
-
-// Hash containers of texts that a row's raw bytes look up without a copy.
-struct TextHash {
-    using is_transparent = void;
-    size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-};
-template <typename T> using ByText = std::unordered_map<std::string, T, TextHash, std::equal_to<>>;
-using TextSet = std::unordered_set<std::string, TextHash, std::equal_to<>>;
-
-std::string_view viewOf(QByteArrayView bytes) {
-    return {bytes.data(), size_t(bytes.size())};
-}
 
 // The master's entries that stand for one bill date, looked up by the date's raw text.
 class DateEntries {
@@ -164,7 +149,7 @@ std::vector<std::optional<FamilyAmounts>> liveSumsByEntryDate(AppContext& ctx, c
     }
     BoundQuery query{QStringLiteral("SELECT BillDate, SUM(\"Usage Charges\"), SUM(\"Recurring Charges\"), "
                                     "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") ") +
-                         scope.filter.from() + QStringLiteral(" WHERE BillAccount = ?") +
+                         scope.filter.totalsFrom() + QStringLiteral(" WHERE BillAccount = ?") +
                          scope.filter.condition() +
                          QStringLiteral(" AND BillDate IN (SELECT value FROM json_each(?)) GROUP BY ") +
                          scope.filter.dateGroup(),

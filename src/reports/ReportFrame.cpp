@@ -5,6 +5,7 @@
 #include "app/ErrorLog.h"
 #include "app/Format.h"
 #include "data/ReferenceData.h"
+#include "data/TrendTotals.h"
 
 int GetChargeView(const QString& name) {
     const QString head = name.left(3).toUpper();
@@ -50,6 +51,14 @@ Statement prepareBound(Database& db, const BoundQuery& query) {
 QString ServiceFilter::from() const {
     return active ? QStringLiteral("FROM TblSummaryTrend INDEXED BY idxTrendAccountService")
                   : QStringLiteral("FROM TblSummaryTrend");
+}
+
+QString ServiceFilter::totalsFrom() const {
+    return active ? from() : QStringLiteral("FROM ") + TrendTotals::Table;
+}
+
+QString ServiceFilter::productsFrom() const {
+    return active ? from() : QStringLiteral("FROM ") + TrendTotals::ProductTable;
 }
 
 QString ServiceFilter::condition() const {

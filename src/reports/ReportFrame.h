@@ -63,6 +63,12 @@ struct ServiceFilter {
     // rows of a few numbers are found by number, not among every row of the account's bills
     // in the wider index of the bills' figures, which holds the numbers too.
     QString from() const;
+    // Where a date's sums of the money columns come from: for the whole bill, the totals
+    // kept per bill, one row a date; else from().
+    QString totalsFrom() const;
+    // Where a date's pre-tax cost per product code comes from: for the whole bill, the
+    // totals kept per bill and product; else from().
+    QString productsFrom() const;
     // " AND \"Service No\" IN (...)" or ""; its one value goes in with bindTo().
     QString condition() const;
     void bindTo(BoundQuery& query) const;

@@ -83,11 +83,15 @@ QString titleOf(int level, const QString& value, int view, const QString& firstC
     return trendTitle(words + QLatin1Char(' '), level, value);
 }
 
+// A Null part of a row counts as nothing, so that the sum of a row's parts and the sum of
+// the bill totals' parts agree; one column alone keeps its Null.
 QString sumExpression(const QStringList& columns) {
-    QStringList quoted;
+    if (columns.size() == 1)
+        return QStringLiteral("SUM(\"%1\")").arg(columns.front());
+    QStringList parts;
     for (const QString& c : columns)
-        quoted << QLatin1Char('"') + c + QLatin1Char('"');
-    return QStringLiteral("SUM(") + quoted.join(QLatin1Char('+')) + QLatin1Char(')');
+        parts << QStringLiteral("ifnull(\"%1\", 0)").arg(c);
+    return QStringLiteral("SUM(") + parts.join(QLatin1Char('+')) + QLatin1Char(')');
 }
 
 // A rise is positive and a fall negative whatever the sign of the previous total; the
@@ -133,8 +137,9 @@ ReportResult TrendReport_IndividualCharges(ReportContext& rc, int level, const Q
         for (int i = 0; i < itemCount; ++i)
             sql += QStringLiteral(", ") + sumExpression(items[size_t(i)].columns) +
                    QStringLiteral(" AS Value%1").arg(i);
-        BoundQuery query{sql + QLatin1Char(' ') + filter.from() + QStringLiteral(" WHERE BillAccount = ?") +
-                             filter.condition() + QStringLiteral(" GROUP BY ") + filter.dateGroup() +
+        BoundQuery query{sql + QLatin1Char(' ') + filter.totalsFrom() +
+                             QStringLiteral(" WHERE BillAccount = ?") + filter.condition() +
+                             QStringLiteral(" GROUP BY ") + filter.dateGroup() +
                              QStringLiteral(" ORDER BY BillDate"),
                          {}};
         query.arg(ctx.billAccount);

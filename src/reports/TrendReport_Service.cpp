@@ -31,9 +31,9 @@ ReportResult TrendReport_Service(ReportContext& rc, int level, const QString& va
 
         location = 100;
         BoundQuery query{
-            QStringLiteral("SELECT BillDate, \"Product Code\", SUM(\"PreTax Cost\") ") + filter.from() +
-                QStringLiteral(" WHERE BillAccount = ?") + filter.condition() + QStringLiteral(" GROUP BY ") +
-                filter.dateGroup() +
+            QStringLiteral("SELECT BillDate, MIN(\"Product Code\"), SUM(\"PreTax Cost\") ") +
+                filter.productsFrom() + QStringLiteral(" WHERE BillAccount = ?") + filter.condition() +
+                QStringLiteral(" GROUP BY ") + filter.dateGroup() +
                 QStringLiteral(
                     ", \"Product Code\" COLLATE NOCASE ORDER BY BillDate, \"Product Code\" COLLATE NOCASE"),
             {}};

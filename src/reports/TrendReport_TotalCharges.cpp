@@ -38,7 +38,7 @@ ReportResult TrendReport_TotalCharges(ReportContext& rc, int level, const QStrin
         BoundQuery query{
             QStringLiteral("SELECT BillDate, SUM(\"Usage Charges\"), SUM(\"Recurring Charges\"), "
                            "SUM(\"One Off Charges and Credits\"), SUM(\"Adjustments\") ") +
-                filter.from() + QStringLiteral(" WHERE BillAccount = ?") + filter.condition() +
+                filter.totalsFrom() + QStringLiteral(" WHERE BillAccount = ?") + filter.condition() +
                 QStringLiteral(" GROUP BY ") + filter.dateGroup() + QStringLiteral(" ORDER BY BillDate"),
             {}};
         query.arg(ctx.billAccount);

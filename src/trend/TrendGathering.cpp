@@ -4,6 +4,7 @@
 #include "app/TextHelpers.h"
 #include "data/Database.h"
 #include "data/Stores.h"
+#include "data/TrendTotals.h"
 #include "trend/ChargeAggregation.h"
 #include "trend/ServiceDescription.h"
 
@@ -57,6 +58,8 @@ GatherResult GatherTrend(AppContext& ctx, Database& project, const ProgressFn& p
 
         if (!ctx.trendDb.tableExists(QStringLiteral("tblSummaryTrend")))
             CreateTrendTable(ctx.trendDb);
+        // A store that lost its bill totals, or never had them, gets them before it grows.
+        ensureTrendTotals(ctx.trendDb);
         const QStringList tableColumns = ctx.trendDb.columnNames(QStringLiteral("tblSummaryTrend"));
         QStringList columns = tableColumns.mid(0, GatheredColumns);
         columns << QStringLiteral("Recurring Other") << QStringLiteral("Usage Other")
@@ -88,6 +91,7 @@ GatherResult GatherTrend(AppContext& ctx, Database& project, const ProgressFn& p
                 return result; // the transaction rolls back
             }
         }
+        refreshTrendTotals(ctx.trendDb, header.account, header.billDate);
         tx.commit();
         reportProgress(progress, total, total);
         result.rowsWritten = written;

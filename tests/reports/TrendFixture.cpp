@@ -3,6 +3,7 @@
 #include "app/cPathControl.h"
 #include "data/Schema.h"
 #include "data/Stores.h"
+#include "data/TrendTotals.h"
 
 TrendFixture::TrendFixture(const QString& account) {
     ctx.billAccount = account;
@@ -12,6 +13,13 @@ TrendFixture::TrendFixture(const QString& account) {
     ctx.projectDb.execScript(schemaText(QStringLiteral("project")));
     ctx.paths = std::make_unique<cPathControl>(dir.path(), dir.path());
     ctx.paths->AppFolder = dir.path();
+}
+
+ReportContext TrendFixture::context(ProgressFn progress) {
+    Transaction tx(ctx.trendDb);
+    rebuildTrendTotals(ctx.trendDb);
+    tx.commit();
+    return ReportContext(ctx, std::move(progress));
 }
 
 void TrendFixture::add(const TrendRow& row) {

@@ -31,7 +31,8 @@ public:
     // A number of the project's cost-centre table; levels are CostCentre1.., a null QVariant a Null.
     void number(const QString& tel, const QVariantList& levels);
 
-    ReportContext context(ProgressFn progress = {}) { return ReportContext(ctx, std::move(progress)); }
+    // Sums the rows added so far into the bill totals, as gathering does, before each report.
+    ReportContext context(ProgressFn progress = {});
     QString logText() const;
 
     testing::TempDir dir;
