@@ -2,13 +2,21 @@
 // QTest; "-class Name" runs only the classes whose name is given.
 #include "TestRegistry.h"
 
-#include <QApplication>
 #include <QStringList>
 #include <QTest>
 #include <cstdio>
 
+// The core's tests run without a GUI application: nothing in the core may need one.
+#ifdef VANTREL_CORE_TESTS
+#include <QCoreApplication>
+using TestApplication = QCoreApplication;
+#else
+#include <QApplication>
+using TestApplication = QApplication;
+#endif
+
 int main(int argc, char** argv) {
-    QApplication app(argc, argv);
+    TestApplication app(argc, argv);
     QStringList args = app.arguments();
     QStringList only;
     for (int i = 1; i + 1 < args.size();) {
