@@ -13,6 +13,8 @@ void CloseProject(AppContext& ctx) {
     ctx.billAccount.clear();
     ctx.billStart.clear();
     ctx.billEnd.clear();
+    // With no project there is no bill to gather or report on.
+    ctx.trendEnabled = false;
 }
 
 bool SelectProject(AppContext& ctx, const QString& path, const ProgressFn& progress) {
