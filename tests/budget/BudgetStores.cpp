@@ -2,6 +2,8 @@
 
 #include "data/Schema.h"
 
+#include <QRegularExpression>
+
 namespace testing {
 
 Money money(const char* text) {
@@ -14,12 +16,8 @@ Date d(unsigned month, unsigned day, int year) {
 
 QString amounts(Money usage, Money recurring, Money oneOff, Money adjustments) {
     QStringList parts;
-    for (Money m : {usage, recurring, oneOff, adjustments}) {
-        QString t = m.toPlainString();
-        while (t.contains(QLatin1Char('.')) && (t.endsWith(QLatin1Char('0')) || t.endsWith(QLatin1Char('.'))))
-            t.chop(1);
-        parts << t;
-    }
+    for (Money m : {usage, recurring, oneOff, adjustments})
+        parts << m.toPlainString().remove(QRegularExpression(QStringLiteral("\\.?0+$")));
     return parts.join(QLatin1Char('/'));
 }
 
@@ -32,10 +30,7 @@ QStringList entriesOf(const clsBudget& b) {
     return rows;
 }
 
-BudgetStores::BudgetStores()
-    : budgetDb(Database::openMemory())
-    , trendDb(Database::openMemory())
-    , projectDb(Database::openMemory()) {
+BudgetStores::BudgetStores() {
     budgetDb.execScript(schemaText(QStringLiteral("budgets")));
     trendDb.execScript(schemaText(QStringLiteral("trend")));
     projectDb.execScript(schemaText(QStringLiteral("project")));

@@ -19,11 +19,9 @@ QStringList entriesOf(const clsBudget& b); // "yyyy-mm-dd:amounts" for each entr
 struct BudgetStores {
     BudgetStores();
 
-    // One trend row for a service of a bill.
     void trendRow(const QString& account, const Date& billDate, const QString& service, Money usage = {},
                   Money recurring = {}, Money oneOff = {}, Money adjustments = {});
-    // A service number under cost centres of levels 1 and 2 of an account, in the project's
-    // TblCC as selection writes it.
+    // A number under cost centres of levels 1 and 2, in the project's TblCC as selection writes it.
     void costCentre(const QString& account, const QString& tel, const QString& level1,
                     const QString& level2 = {});
 
@@ -37,9 +35,9 @@ struct BudgetStores {
     // Every row of both budget tables as one text, to tell whether anything changed.
     QString budgetDump();
 
-    Database budgetDb;
-    Database trendDb;
-    Database projectDb;
+    Database budgetDb = Database::openMemory();
+    Database trendDb = Database::openMemory();
+    Database projectDb = Database::openMemory();
 };
 
 } // namespace testing

@@ -13,7 +13,7 @@ namespace {
 using Dates = QList<Date>;
 
 // A row of the table: budget dates (ascending) | bill dates of the budget's account | bill
-// dates of another account | the bill dates expected; each date "month/day" of 2023.
+// dates of another account | the bill dates expected; each date "mm-dd" of 2023.
 struct Case {
     Dates budget, account, other, expected;
 };
@@ -24,8 +24,7 @@ Case fetchCase() {
     for (const QString& part : row.split(QLatin1Char('|'))) {
         parts.append(Dates());
         for (const QString& md : part.split(QLatin1Char(' '), Qt::SkipEmptyParts))
-            parts.last() << d(md.section(QLatin1Char('/'), 0, 0).toUInt(),
-                              md.section(QLatin1Char('/'), 1).toUInt());
+            parts.last() << Date::fromIso(QStringLiteral("2023-") + md);
     }
     return {parts.value(0), parts.value(1), parts.value(2), parts.value(3)};
 }
@@ -44,33 +43,32 @@ private slots:
 
 void BillDateMatchingTest::matching_data() {
     QTest::addColumn<QString>("row");
-    QTest::newRow("exact") << "1/15 | 1/15 | | 1/15";
-    QTest::newRow("four days is near enough") << "2/19 | 2/15 | | 2/15";
-    QTest::newRow("four days before, across a month end") << "2/25 | 3/1 | | 3/1";
-    QTest::newRow("five days off keeps its date") << "3/20 | 3/15 | | 3/20";
-    QTest::newRow("near date of another account") << "4/12 | | 4/10 | 4/10";
-    QTest::newRow("exact date is not offered again") << "1/15 1/17 | 1/15 | 1/15 | 1/15 1/17";
-    QTest::newRow("next nearest after a taken date") << "1/15 1/16 | 1/15 1/19 | | 1/15 1/19";
-    QTest::newRow("one bill date for two budget dates") << "2/13 2/17 | 2/15 | | 2/15 2/15";
-    QTest::newRow("nearest of another account first") << "5/3 | 5/6 | 5/2 | 5/2";
-    QTest::newRow("equally near takes the earlier") << "6/12 | 6/10 6/14 | | 6/10";
+    QTest::newRow("exact") << "01-15 | 01-15 | | 01-15";
+    QTest::newRow("four days is near enough") << "02-19 | 02-15 | | 02-15";
+    QTest::newRow("four days before, across a month end") << "02-25 | 03-01 | | 03-01";
+    QTest::newRow("five days off keeps its date") << "03-20 | 03-15 | | 03-20";
+    QTest::newRow("near date of another account") << "04-12 | | 04-10 | 04-10";
+    QTest::newRow("exact date is not offered again") << "01-15 01-17 | 01-15 | 01-15 | 01-15 01-17";
+    QTest::newRow("next nearest after a taken date") << "01-15 01-16 | 01-15 01-19 | | 01-15 01-19";
+    QTest::newRow("one bill date for two budget dates") << "02-13 02-17 | 02-15 | | 02-15 02-15";
+    QTest::newRow("equally near takes the earlier") << "06-12 | 06-14 | 06-10 | 06-10";
 }
 
 void BillDateMatchingTest::matching() {
     const Case c = fetchCase();
-    std::vector<clsBudgetCostEntry> entries(std::size_t(c.budget.size()));
-    for (int i = 0; i < c.budget.size(); ++i) {
-        entries[std::size_t(i)].SelectedDate = c.budget[i];
-        entries[std::size_t(i)].BillDate = Date(1999, 1, 1); // stale: every pass must set it
-    }
-    const std::set<Date> account(c.account.begin(), c.account.end());
+    std::vector<clsBudgetCostEntry> entries;
+    for (const Date& date : c.budget) // a stale bill date: every pass must set it
+        entries.push_back({{}, {}, {}, {}, date, Date(1999, 1, 1)});
     std::set<Date> any(c.other.begin(), c.other.end());
-    any.insert(account.begin(), account.end());
-    matchBillDates(entries, account, any);
-    for (int i = 0; i < c.expected.size(); ++i) {
-        QCOMPARE(entries[std::size_t(i)].BillDate, c.expected[i]);
-        QCOMPARE(entries[std::size_t(i)].SelectedDate, c.budget[i]);
+    any.insert(c.account.begin(), c.account.end());
+    matchBillDates(entries, std::set<Date>(c.account.begin(), c.account.end()), any);
+    Dates billDates, budgetDates;
+    for (const clsBudgetCostEntry& e : entries) {
+        billDates << e.BillDate;
+        budgetDates << e.SelectedDate;
     }
+    QCOMPARE(billDates, c.expected);
+    QCOMPARE(budgetDates, c.budget);
 }
 
 // The same cases with the dates in a trend store, read through a master's load.
