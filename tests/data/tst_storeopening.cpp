@@ -7,21 +7,6 @@
 #include <QFile>
 #include <QTest>
 
-namespace {
-
-QByteArray garbage() {
-    QByteArray bytes;
-    for (int i = 0; i < 4096; ++i)
-        bytes.append(char((i * 7919 + 13) % 251));
-    return bytes;
-}
-
-int budgetCount(Database& db) {
-    return int(queryInt(db, QStringLiteral("SELECT count(*) FROM tblBudget")));
-}
-
-} // namespace
-
 class StoreOpeningTest : public QObject {
     Q_OBJECT
 private slots:
@@ -29,9 +14,8 @@ private slots:
     void firstStartCopiesBothTemplates();
     void unreadableStoreIsSetAsideAndOnlyItIsRestored_data();
     void unreadableStoreIsSetAsideAndOnlyItIsRestored();
-    void missingStoreAndTemplateEndsTheProgram();
-    void missingSharedStoreIsNeverRestored_data();
-    void missingSharedStoreIsNeverRestored();
+    void missingStoreEndsTheProgram_data();
+    void missingStoreEndsTheProgram();
     void lockedStoreIsLeftAlone();
 };
 
@@ -61,9 +45,13 @@ void StoreOpeningTest::firstStartCopiesBothTemplates() {
 
 void StoreOpeningTest::unreadableStoreIsSetAsideAndOnlyItIsRestored_data() {
     QTest::addColumn<QByteArray>("content");
-    QTest::newRow("random bytes") << garbage();
+    QTest::newRow("not a database") << QByteArray(4096, '\xA5');
     QTest::newRow("zero length") << QByteArray();
     QTest::newRow("text file") << QByteArray("AppFolder=/tmp\r\n");
+    testing::TempDir dir;
+    const QString other = dir.path(QStringLiteral("other.mdb"));
+    Database::open(other, Database::Mode::ReadWriteCreate).execScript(QStringLiteral("CREATE TABLE t (x)"));
+    QTest::newRow("a database without the tables") << testing::readAll(other);
 }
 
 void StoreOpeningTest::unreadableStoreIsSetAsideAndOnlyItIsRestored() {
@@ -80,7 +68,8 @@ void StoreOpeningTest::unreadableStoreIsSetAsideAndOnlyItIsRestored() {
 
     QVERIFY(startInstallation(f.ctx, f.paths()));
     QVERIFY(f.dialogs.messages.empty());
-    QCOMPARE(budgetCount(f.ctx.budgetDb), 0);
+    QVERIFY(f.ctx.budgetDb.tableExists(QStringLiteral("tblBudget")));
+    QCOMPARE(queryInt(f.ctx.budgetDb, QStringLiteral("SELECT count(*) FROM tblBudget")), 0);
     QCOMPARE(queryInt(f.ctx.trendDb, QStringLiteral("SELECT count(*) FROM tblSummaryTrend")), 1);
 
     const QStringList aside = f.appFilesStartingWith(QStringLiteral("budgets.mdb.unreadable-"));
@@ -89,40 +78,34 @@ void StoreOpeningTest::unreadableStoreIsSetAsideAndOnlyItIsRestored() {
     QVERIFY(f.appFilesStartingWith(QStringLiteral("trend.mdb.unreadable")).isEmpty());
 }
 
-void StoreOpeningTest::missingStoreAndTemplateEndsTheProgram() {
-    StoreFixture f;
-    f.writeAllStores();
-    QFile::remove(f.appFile(StoreFile::Trend));
-    QFile::remove(f.systemFile(StoreFile::TrendTemplate));
-    QVERIFY(!startInstallation(f.ctx, f.paths()));
-    QCOMPARE(f.dialogs.messages.size(), size_t(1));
-    QCOMPARE(f.dialogs.messages[0].icon, MessageIcon::Critical);
-    // The box says exactly this; which file failed is in its details and in the error log.
-    QCOMPARE(
-        f.dialogs.lastText(),
-        QStringLiteral("Required files are missing, please ensure Meridane is installed in the same folder.\n"
-                       "Program can not continue."));
-    QVERIFY(f.dialogs.messages[0].details.contains(QStringLiteral("trend.bak")));
-    QVERIFY(testing::readAll(f.appFile(QStringLiteral("VantrelError.log"))).contains("trend.bak"));
-    // The budget store that opened well is untouched.
-    QVERIFY(f.appFilesStartingWith(QStringLiteral("budgets.mdb.")).isEmpty());
-}
-
-void StoreOpeningTest::missingSharedStoreIsNeverRestored_data() {
+void StoreOpeningTest::missingStoreEndsTheProgram_data() {
     QTest::addColumn<QString>("file");
-    QTest::newRow("telephones") << StoreFile::Telephones;
-    QTest::newRow("cost centres") << StoreFile::CostCentres;
+    QTest::addColumn<QString>("templateFile"); // removed as well
+    QTest::newRow("trend store and its template") << StoreFile::Trend << StoreFile::TrendTemplate;
+    // The shared stores are never restored.
+    QTest::newRow("telephones") << StoreFile::Telephones << QString();
+    QTest::newRow("cost centres") << StoreFile::CostCentres << QString();
 }
 
-void StoreOpeningTest::missingSharedStoreIsNeverRestored() {
+void StoreOpeningTest::missingStoreEndsTheProgram() {
     QFETCH(QString, file);
+    QFETCH(QString, templateFile);
     StoreFixture f;
     f.writeAllStores();
     QFile::remove(f.appFile(file));
+    if (!templateFile.isEmpty())
+        QFile::remove(f.systemFile(templateFile));
     QVERIFY(!startInstallation(f.ctx, f.paths()));
     QCOMPARE(f.dialogs.messages.size(), size_t(1));
+    QCOMPARE(f.dialogs.messages[0].icon, MessageIcon::Critical);
+    // Which file failed is in the box's details and in the error log, not in its text.
     QVERIFY(f.dialogs.lastText().startsWith(QStringLiteral("Required files are missing")));
+    const QString named = templateFile.isEmpty() ? file : templateFile;
+    QVERIFY(f.dialogs.messages[0].details.contains(named));
+    QVERIFY(testing::readAll(f.appFile(QStringLiteral("VantrelError.log"))).contains(named.toUtf8()));
     QVERIFY(!QFile::exists(f.appFile(file)));
+    // The budget store that opened well is untouched.
+    QVERIFY(f.appFilesStartingWith(QStringLiteral("budgets.mdb.")).isEmpty());
 }
 
 void StoreOpeningTest::lockedStoreIsLeftAlone() {
@@ -136,7 +119,7 @@ void StoreOpeningTest::lockedStoreIsLeftAlone() {
     QVERIFY(f.dialogs.messages.back().details.contains(QStringLiteral("in use by another program")));
     QVERIFY(f.appFilesStartingWith(QStringLiteral("budgets.mdb.unreadable")).isEmpty());
     holder.execScript(QStringLiteral("COMMIT"));
-    QCOMPARE(budgetCount(holder), 1);
+    QCOMPARE(queryInt(holder, QStringLiteral("SELECT count(*) FROM tblBudget")), 1);
 }
 
 VANTREL_TEST(StoreOpeningTest);
