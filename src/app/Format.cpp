@@ -271,10 +271,6 @@ QString formatNumber(double value, const QString& format) {
     return applyPattern(d, format);
 }
 
-QString formatInteger(std::int64_t value, const QString& format) {
-    return applyPattern(fromUnsigned(value < 0, magnitudeOf(value), 0), format);
-}
-
 QString formatPounds(Money value) {
     return formatMoney(value, QStringLiteral("£###,##0.00"));
 }

@@ -23,7 +23,6 @@ QString formatMoney(Money value, const QString& format);
 // Rounds on the value's 15-significant-digit decimal form, so 2.675 with "0.00" is "2.68".
 // A value that is not finite gives "".
 QString formatNumber(double value, const QString& format);
-QString formatInteger(std::int64_t value, const QString& format);
 // "" for a null date.
 QString formatDate(const Date& date, const QString& format);
 QString formatDateTime(const DateTime& value, const QString& format);

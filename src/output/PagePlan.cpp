@@ -1,5 +1,6 @@
 #include "output/PagePlan.h"
 
+#include "app/TextHelpers.h"
 #include "reports/Report.h"
 
 #include <algorithm>
@@ -25,7 +26,7 @@ PlannedRow measureRow(const ReportGrid& grid, int r, const std::vector<int>& col
     row.lines.reserve(columns.size());
     int most = 1;
     for (int c : columns) {
-        row.lines.push_back(wrapCellText(grid.text(r, c)));
+        row.lines.push_back(WrapWords(grid.text(r, c), CellWrapLimit));
         most = std::max(most, int(row.lines.back().size()));
     }
     row.span.assign(columns.size(), 1);
@@ -213,21 +214,6 @@ void planArea(const Report& report, const PageFrame& frame, const TextMeasure& m
 }
 
 } // namespace
-
-QStringList wrapCellText(const QString& text, int limit) {
-    QStringList lines;
-    QString rest = text.trimmed();
-    while (rest.size() > limit) {
-        // The last blank at or before the limit; without one, a character beyond it.
-        const qsizetype blank = rest.lastIndexOf(QLatin1Char(' '), limit - 1);
-        const qsizetype cut = blank > 0 ? blank : limit + 1;
-        lines << rest.left(cut).trimmed();
-        rest = rest.mid(cut).trimmed();
-    }
-    if (!rest.isEmpty() || lines.isEmpty())
-        lines << rest;
-    return lines;
-}
 
 PagePlan planReportPages(const Report& report, const PageFrame& frame, const TextMeasure& measure) {
     PagePlan plan;

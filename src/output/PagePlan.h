@@ -16,13 +16,8 @@
 
 struct Report;
 
-// Cell texts are wrapped at this many characters.
+// Cell texts are wrapped at this many characters (by WrapWords).
 inline constexpr int CellWrapLimit = 30;
-
-// The cell text, trimmed and cut into lines: a text longer than `limit` breaks at its last
-// blank at or before the limit; where it has none there, the line takes one character
-// more than the limit. Every line is trimmed. An empty text is one empty line.
-QStringList wrapCellText(const QString& text, int limit = CellWrapLimit);
 
 // The width of a text in the table's font, bold or not, and the height of one line.
 struct TextMeasure {

@@ -108,8 +108,8 @@ void StoreUpgradeTest::olderTrendStoreGetsTheTotalsIndex() {
     UpgradeStores(budgets, trend);
     const auto indexes = [&] {
         QStringList names;
-        Statement st(trend,
-                     QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'index' ORDER BY name"));
+        Statement st(trend, QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'index' AND "
+                                           "tbl_name = 'TblSummaryTrend' ORDER BY name"));
         while (st.step())
             names << st.text(0);
         return names;

@@ -3,6 +3,7 @@
 #include "app/AppContext.h"
 #include "app/DialogService.h"
 #include "app/ErrorLog.h"
+#include "app/TextHelpers.h"
 #include "output/PagePlan.h"
 #include "output/ReportDisclaimer.h"
 #include "output/gui/ReportWindow.h"
@@ -86,7 +87,7 @@ private slots:
     void wrapsAtThirtyCharacters() {
         QFETCH(QString, text);
         QFETCH(QStringList, lines);
-        QCOMPARE(wrapCellText(text), lines);
+        QCOMPARE(WrapWords(text, CellWrapLimit), lines);
     }
 
     void tableTakesVisibleCellsAndWidestLines() {
