@@ -58,8 +58,10 @@ GatherResult GatherTrend(AppContext& ctx, Database& project, const ProgressFn& p
 
         if (!ctx.trendDb.tableExists(QStringLiteral("tblSummaryTrend")))
             CreateTrendTable(ctx.trendDb);
-        // A store that lost its bill totals, or never had them, gets them before it grows.
-        ensureTrendTotals(ctx.trendDb);
+        // A store that never had the bill totals gets them before it grows; whether they
+        // count every row is checked at start.
+        if (!ctx.trendDb.tableExists(TrendTotals::Table))
+            ensureTrendTotals(ctx.trendDb);
         const QStringList tableColumns = ctx.trendDb.columnNames(QStringLiteral("tblSummaryTrend"));
         QStringList columns = tableColumns.mid(0, GatheredColumns);
         columns << QStringLiteral("Recurring Other") << QStringLiteral("Usage Other")
