@@ -12,19 +12,13 @@ Money cash(const char* text) {
 }
 
 FormStores::FormStores(const QString& account) {
-    const QString budgets = dir.path(QStringLiteral("budgets.mdb"));
-    const QString trend = dir.path(QStringLiteral("trend.mdb"));
-    const QString costCentres = dir.path(QStringLiteral("costcentres2.mdb"));
-    createDatabaseFromSchema(budgets, QStringLiteral("budgets"));
-    createDatabaseFromSchema(trend, QStringLiteral("trend"));
-    createDatabaseFromSchema(costCentres, QStringLiteral("costcentres"));
-    ctx.budgetDb = Database::open(budgets);
-    ctx.trendDb = Database::open(trend);
-    ctx.costCentreDb = Database::open(costCentres);
-    // The selected project, whose TblCC the cost-centre budget form reads.
-    const QString project = dir.path(QStringLiteral("project.mdb"));
-    createDatabaseFromSchema(project, QStringLiteral("project"));
-    ctx.projectDb = Database::open(project);
+    for (const char* name : {"budgets", "trend", "costcentres", "project"})
+        createDatabaseFromSchema(dir.path(QString::fromLatin1(name) + QStringLiteral(".mdb")),
+                                 QString::fromLatin1(name));
+    ctx.budgetDb = Database::open(dir.path(QStringLiteral("budgets.mdb")));
+    ctx.trendDb = Database::open(dir.path(QStringLiteral("trend.mdb")));
+    ctx.costCentreDb = Database::open(dir.path(QStringLiteral("costcentres.mdb")));
+    ctx.projectDb = Database::open(dir.path(QStringLiteral("project.mdb"))); // its TblCC feeds the forms
     ctx.billAccount = account;
 }
 
@@ -37,11 +31,25 @@ void FormStores::trendRow(const QString& account, const Date& billDate, const QS
         billDate, account, service, usage, recurring, oneOff, adjustments);
 }
 
-void FormStores::costCentre(const QString& account, const QString& tel, const QString& level1,
-                            const QString& level2) {
-    ctx.projectDb.exec(QStringLiteral("INSERT INTO TblCC (VeloraAccount, TelNo, CostCentre1, CostCentre2) "
-                                      "VALUES (?, ?, ?, ?)"),
-                       account, tel, level1, level2);
+void FormStores::costCentre(const QString& account, const QString& tel, const QString& level1) {
+    ctx.projectDb.exec(
+        QStringLiteral("INSERT INTO TblCC (VeloraAccount, TelNo, CostCentre1) VALUES (?, ?, ?)"), account,
+        tel, level1);
+}
+
+int FormStores::budget(const QString& title, const QString& account, int level, int masterId,
+                       const QString& costCentre, const QString& created) {
+    ctx.budgetDb.exec(QStringLiteral("INSERT INTO tblBudget (Title, BillAccount, CCLevel, CCName, Created, "
+                                     "MasterID, BudgetType) VALUES (?, ?, ?, ?, ?, ?, ?)"),
+                      title, account, level, costCentre, created, masterId, masterId == -1 ? -1 : 0);
+    return int(ctx.budgetDb.lastInsertRowId());
+}
+
+void FormStores::entry(int budgetId, const Date& date, Money usage, Money recurring, Money oneOff,
+                       Money adjustments) {
+    ctx.budgetDb.exec(QStringLiteral("INSERT INTO tblBudgetEntry (BudgetID, SelectedDate, Usage, Recurring, "
+                                     "OneOff, Adjustments) VALUES (?, ?, ?, ?, ?, ?)"),
+                      budgetId, date, usage, recurring, oneOff, adjustments);
 }
 
 QStringList FormStores::entries(int budgetId) {
@@ -78,6 +86,20 @@ QString FormStores::header(int budgetId) {
     return st.step() ? st.text(0) : QStringLiteral("<no row>");
 }
 
+QString FormStores::budgetDump() {
+    QString dump;
+    for (const char* sql :
+         {"SELECT * FROM tblBudget ORDER BY BudgetID", "SELECT * FROM tblBudgetEntry ORDER BY DateID"}) {
+        Statement st(ctx.budgetDb, QString::fromLatin1(sql));
+        while (st.step()) {
+            for (int c = 0; c < st.columnCount(); ++c)
+                dump += st.text(c) + QLatin1Char('|');
+            dump += QLatin1Char('\n');
+        }
+    }
+    return dump;
+}
+
 void ModalDriver::when(const char* className, std::function<void(QWidget*)> action) {
     auto timer = std::make_unique<QTimer>();
     QTimer* t = timer.get();
@@ -85,21 +107,20 @@ void ModalDriver::when(const char* className, std::function<void(QWidget*)> acti
     const QByteArray name(className);
     t->setInterval(5);
     QObject::connect(t, &QTimer::timeout, [this, t, tries, name, action] {
-        QWidget* modal = QApplication::activeModalWidget();
+        auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (modal && modal->inherits(name.constData())) {
             t->stop();
             ++seen_[name];
-            action(modal);
+            if (action)
+                action(modal);
+            if (modal->isVisible())
+                modal->done(QDialog::Rejected);
         } else if (++*tries > 1000) {
             t->stop();
         }
     });
     t->start();
     timers_.push_back(std::move(timer));
-}
-
-void ModalDriver::close(const char* className) {
-    when(className, [](QWidget* w) { static_cast<QDialog*>(w)->reject(); });
 }
 
 } // namespace testing

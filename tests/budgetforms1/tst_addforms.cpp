@@ -90,7 +90,7 @@ void create(frmBudgetAddSlave& form, ModalDriver& driver, const QString& costCen
         form.costCentreList()->setCurrentIndex(form.costCentreList()->findText(costCentre));
     if (!title.isEmpty())
         form.titleBox()->setText(title);
-    driver.close("frmBudgetEdit");
+    driver.when("frmBudgetEdit");
     form.cmdCreate_Click();
 }
 
@@ -141,7 +141,7 @@ void MasterFormTest::createAndItsRefusals() {
     QVERIFY(QTest::qWaitForWindowExposed(&form));
     QSignalSpy accepted(&form, &QDialog::accepted);
     ModalDriver driver; // a level master waits for its cost-centre budgets: nothing more opens
-    driver.close("frmBudgetAddSlave");
+    driver.when("frmBudgetAddSlave");
     form.periodDate(0)->setDate(QDate(2023, 1, 20));
     form.levelList()->setCurrentIndex(2);
     form.periodCheck(0)->click();
@@ -248,10 +248,8 @@ void SlaveFormTest::wholeBillMasterThroughBothForms() {
             emit form->footer()->ButtonClicked(uctFooter::ExitButton);
         else
             form->cmdCreate_Click();
-        if (form->isVisible())
-            form->reject();
     });
-    driver.close("frmBudgetEdit");
+    driver.when("frmBudgetEdit");
     masterForm.cmdCreate_Click();
     QCOMPARE(driver.seen("frmBudgetAddSlave"), 1);
     QCOMPARE(driver.seen("frmBudgetEdit"), blank ? 0 : 1);

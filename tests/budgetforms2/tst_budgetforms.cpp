@@ -1,6 +1,6 @@
 // The budget editor (figures typed, saved in one transaction, or lost after a question) and
 // the budget list (selection, sort, renaming in place, and what the buttons open and delete).
-#include "BudgetFormsFixture.h"
+#include "../budgetforms1/FormStores.h"
 #include "TestRegistry.h"
 #include "budget/BudgetCellText.h"
 #include "budget/BudgetErrors.h"
@@ -81,20 +81,20 @@ private:
         QCoreApplication::processEvents(); // the grid takes the figure once the editor has the key
     }
 
-    std::unique_ptr<BudgetFormsFixture> f_;
+    std::unique_ptr<FormStores> f_;
     std::unique_ptr<frmBudgetEdit> form_;
-    int childId_ = -1, march_ = -1, january_ = -1, february_ = -1;
+    int childId_ = -1;
 };
 
 void BudgetEditFormTest::init() {
     form_.reset(); // before the stores it uses
-    f_ = std::make_unique<BudgetFormsFixture>();
-    const int master = f_->master(QStringLiteral("Plan"), Account, 1);
-    childId_ = f_->child(master, QStringLiteral("North"), Account, 1, QStringLiteral("Sales"));
+    f_ = std::make_unique<FormStores>();
+    const int master = f_->budget(QStringLiteral("Plan"), Account, 1);
+    childId_ = f_->budget(QStringLiteral("North"), Account, 1, master, QStringLiteral("Sales"));
     // Made out of date order: the grid keeps the order of the rows.
-    march_ = f_->entry(childId_, Date(2023, 3, 1), pounds("1234.5"), pounds("20"), pounds("-3.25"));
-    january_ = f_->entry(childId_, Date(2023, 1, 1), pounds("100"), pounds("21"), {}, pounds("4"));
-    february_ = f_->entry(childId_, Date(2023, 2, 1), pounds("0.01"), pounds("22"), {}, pounds("-5"));
+    f_->entry(childId_, Date(2023, 3, 1), cash("1234.5"), cash("20"), cash("-3.25"));
+    f_->entry(childId_, Date(2023, 1, 1), cash("100"), cash("21"), {}, cash("4"));
+    f_->entry(childId_, Date(2023, 2, 1), cash("0.01"), cash("22"), {}, cash("-5"));
     form_ = std::make_unique<frmBudgetEdit>(f_->ctx);
     form_->Setup(childId_);
     form_->show();
@@ -164,8 +164,8 @@ void BudgetEditFormTest::typingFollowsTheCellRules() {
 }
 
 void BudgetEditFormTest::saveWritesByRowInOneTransaction() {
-    const int other = f_->entry(f_->master(QStringLiteral("Other"), Account, 0), Date(2023, 1, 1),
-                                pounds("1"), pounds("2"), pounds("3"), pounds("4"));
+    const int other = f_->budget(QStringLiteral("Other"), Account, 0);
+    f_->entry(other, Date(2023, 1, 1), cash("1"), cash("2"), cash("3"), cash("4"));
     type(0, 2, QStringLiteral("150"));  // January usage
     type(2, 1, QStringLiteral("-7.5")); // March one-off
     // The last figure is still being typed when Save is clicked.
@@ -174,8 +174,7 @@ void BudgetEditFormTest::saveWritesByRowInOneTransaction() {
     // The last period's row refuses the write: the two written before it must go back.
     f_->ctx.budgetDb.execScript(
         QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE ON tblBudgetEntry "
-                       "WHEN NEW.DateID = %1 BEGIN SELECT RAISE(ABORT, 'refused'); END")
-            .arg(february_));
+                       "WHEN NEW.SelectedDate = '2023-02-01' BEGIN SELECT RAISE(ABORT, 'refused'); END"));
     const QString before = f_->budgetDump();
     QTest::mouseClick(form_->saveButton(), Qt::LeftButton);
     QCOMPARE(f_->dialogs.messages.size(), size_t(1));
@@ -186,10 +185,9 @@ void BudgetEditFormTest::saveWritesByRowInOneTransaction() {
     f_->ctx.budgetDb.execScript(QStringLiteral("DROP TRIGGER refuse"));
     form_->cmdSave_Click();
     QCOMPARE(f_->dialogs.lastText(), BudgetText::BudgetSaved);
-    QCOMPARE(f_->entryAmounts(march_), QStringLiteral("12345000|200000|-75000|0"));
-    QCOMPARE(f_->entryAmounts(january_), QStringLiteral("1500000|210000|0|40000"));
-    QCOMPARE(f_->entryAmounts(february_), QStringLiteral("100|220000|0|80000"));
-    QCOMPARE(f_->entryAmounts(other), QStringLiteral("10000|20000|30000|40000"));
+    QCOMPARE(f_->entries(childId_),
+             (QStringList{"2023-01-01:150/21/0/4", "2023-02-01:0.01/22/0/8", "2023-03-01:1234.5/20/-7.5/0"}));
+    QCOMPARE(f_->entries(other), QStringList{"2023-01-01:1/2/3/4"});
     QVERIFY(!form_->isChanged());
 }
 
@@ -209,7 +207,7 @@ void BudgetEditFormTest::questionsBeforeChangesAreLost() {
     QTest::mouseClick(form_->footer()->exitButton(), Qt::LeftButton);
     QVERIFY(!form_->isVisible());
     QCOMPARE(f_->dialogs.texts(), QStringList(4, BudgetText::LoseChanges));
-    QCOMPARE(f_->entryAmounts(march_), QStringLiteral("12345000|200000|-32500|0")); // nothing saved
+    QCOMPARE(f_->entries(childId_).last(), QStringLiteral("2023-03-01:1234.5/20/-3.25/0")); // nothing saved
     // Unchanged, the form goes without a question.
     form_->Setup(childId_);
     form_->show();
@@ -219,14 +217,15 @@ void BudgetEditFormTest::questionsBeforeChangesAreLost() {
 }
 
 void BudgetEditFormTest::aMastersDatesAreEditedAndReloaded() {
-    const int whole = f_->master(QStringLiteral("Whole"), Account, 0);
-    f_->entry(whole, Date(2023, 4, 1), pounds("5"));
+    const int whole = f_->budget(QStringLiteral("Whole"), Account, 0);
+    f_->entry(whole, Date(2023, 4, 1), cash("5"));
     form_->Setup(whole);
     QVERIFY(!form_->datesButton()->isHidden());
-    ModalWatch opened(
-        [&](QDialog*) { f_->entry(whole, Date(2023, 5, 1), pounds("6")); }); // as if a date was added
+    ModalDriver driver;
+    driver.when("frmBudgetAddMaster",
+                [&](QWidget*) { f_->entry(whole, Date(2023, 5, 1), cash("6")); }); // as if a date was added
     QTest::mouseClick(form_->datesButton(), Qt::LeftButton);
-    QCOMPARE(opened.seen(), QStringLiteral("frmBudgetAddMaster"));
+    QCOMPARE(driver.seen("frmBudgetAddMaster"), 1);
     QCOMPARE(form_->periodCount(), 2);
     QCOMPARE(cell(0, 2), QStringLiteral("£6.00"));
 }
@@ -244,28 +243,28 @@ private slots:
     void deleteAndTheListReadAgain();
 
 private:
-    std::unique_ptr<BudgetFormsFixture> f_;
+    std::unique_ptr<FormStores> f_;
     std::unique_ptr<frmBudgetManagement> form_;
     int alpha_ = -1, north_ = -1, south_ = -1, whole_ = -1;
 };
 
 void BudgetManagementFormTest::init() {
     form_.reset(); // before the stores it uses
-    f_ = std::make_unique<BudgetFormsFixture>();
+    f_ = std::make_unique<FormStores>();
     // Alpha: a level-1 master with two cost-centre budgets; beta: a whole-bill master;
     // and a budget whose master is gone.
-    alpha_ = f_->master(QStringLiteral("Alpha"), Account, 1);
-    whole_ = f_->master(QStringLiteral("beta"), QStringLiteral("ACC2"), 0);
-    north_ = f_->child(alpha_, QStringLiteral("North"), Account, 1, QStringLiteral("Sales"));
-    south_ = f_->child(alpha_, QStringLiteral("South"), Account, 1, QStringLiteral("Support"));
-    const int orphan = f_->child(999, QStringLiteral("Lost"), Account, 1, QStringLiteral("Gone"));
+    alpha_ = f_->budget(QStringLiteral("Alpha"), Account, 1);
+    whole_ = f_->budget(QStringLiteral("beta"), QStringLiteral("ACC2"), 0);
+    north_ = f_->budget(QStringLiteral("North"), Account, 1, alpha_, QStringLiteral("Sales"));
+    south_ = f_->budget(QStringLiteral("South"), Account, 1, alpha_, QStringLiteral("Support"));
+    const int orphan = f_->budget(QStringLiteral("Lost"), Account, 1, 999, QStringLiteral("Gone"));
     for (int m = 1; m <= 2; ++m) {
         f_->entry(alpha_, Date(2023, m, 5));
-        f_->entry(north_, Date(2023, m, 5), pounds("10"));
-        f_->entry(south_, Date(2023, m, 5), pounds("20"));
+        f_->entry(north_, Date(2023, m, 5), cash("10"));
+        f_->entry(south_, Date(2023, m, 5), cash("20"));
     }
     for (int m = 1; m <= 10; ++m)
-        f_->entry(whole_, Date(2022, m, 20), pounds("1"));
+        f_->entry(whole_, Date(2022, m, 20), cash("1"));
     for (int m = 1; m <= 9; ++m)
         f_->entry(orphan, Date(2023, m + 3, 10));
     form_ = std::make_unique<frmBudgetManagement>(f_->ctx);
@@ -308,7 +307,7 @@ void BudgetManagementFormTest::renameInPlace() {
     QCOMPARE(editor->text(), QStringLiteral("Alpha.North"));
     editor->setText(QStringLiteral("Alpha.O'Brien")); // the master's prefix and the quote are left out
     QTest::keyClick(editor, Qt::Key_Return);
-    QTRY_COMPARE(f_->titleOf(north_), QStringLiteral("OBrien"));
+    QTRY_COMPARE(f_->idOfTitle(QStringLiteral("OBrien")), north_);
     QTRY_COMPARE(form_->selectedId(), north_);
     QCOMPARE(list->selectedItems().value(0)->text(0), QStringLiteral("Alpha.OBrien"));
 }
@@ -330,47 +329,51 @@ void BudgetManagementFormTest::refusals() {
     QFETCH(QString, message);
     QVERIFY(!wholeBillSelected || form_->SelectBudget(whole_));
     const QString before = f_->budgetDump();
-    ModalWatch opened;
+    ModalDriver driver;
+    driver.when("QDialog");
     QTest::mouseClick(form_->findChild<QPushButton*>(button), Qt::LeftButton);
     QCOMPARE(f_->dialogs.texts(), QStringList{message});
-    QCOMPARE(opened.seen(), QString());
+    QCOMPARE(driver.seen("QDialog"), 0);
     QCOMPARE(f_->budgetDump(), before);
 }
 
 void BudgetManagementFormTest::addSelectsTheNewBudget() {
     QVERIFY(form_->SelectBudget(south_)); // a cost-centre budget serves for its master
     int made = -1;
-    ModalWatch slave([&](QDialog*) {
-        made = f_->child(alpha_, QStringLiteral("East"), Account, 1, QStringLiteral("Marketing"));
-        f_->ctx.lastBudgetId = made;
+    ModalDriver driver;
+    driver.when("frmBudgetAddSlave", [&](QWidget*) {
+        f_->ctx.lastBudgetId = made =
+            f_->budget(QStringLiteral("East"), Account, 1, alpha_, QStringLiteral("Marketing"));
     });
     form_->cmdAddSlave_Click();
-    QCOMPARE(slave.seen(), QStringLiteral("frmBudgetAddSlave"));
+    QCOMPARE(driver.seen("frmBudgetAddSlave"), 1);
     QCOMPARE(form_->list()->selectedItems().value(0)->text(0), QStringLiteral("Alpha.East"));
-    ModalWatch nothingMade; // the row chosen before is selected again
+    driver.when("frmBudgetAddSlave"); // nothing made: the row chosen before is selected again
     form_->cmdAddSlave_Click();
     QCOMPARE(form_->selectedId(), made);
 
     f_->ctx.projectPath = QStringLiteral("/projects/bill.mdb");
-    ModalWatch master(
-        [&](QDialog*) { f_->ctx.lastBudgetId = made = f_->master(QStringLiteral("D"), Account, 2); });
+    driver.when("frmBudgetAddMaster",
+                [&](QWidget*) { f_->ctx.lastBudgetId = made = f_->budget(QStringLiteral("D"), Account, 2); });
     form_->cmdAddMaster_Click();
+    QCOMPARE(driver.seen("frmBudgetAddMaster"), 1);
     QCOMPARE(QList<int>({form_->selectedId(), form_->selectedMasterId()}), QList<int>({made, made}));
 }
 
 void BudgetManagementFormTest::editOpensTheRightForm() {
     // A level master has only its dates to edit; the others open the grid. Then the same row.
-    const QList<std::pair<int, QString>> cases{
+    const QList<std::pair<int, const char*>> cases{
         {alpha_, "frmBudgetAddMaster"}, {whole_, "frmBudgetEdit"}, {north_, "frmBudgetEdit"}};
     for (const auto& [id, form] : cases) {
         QVERIFY(form_->SelectBudget(id));
         int shown = id;
-        ModalWatch opened([&](QDialog* dialog) {
+        ModalDriver driver;
+        driver.when(form, [&](QWidget* dialog) {
             if (auto* editor = qobject_cast<frmBudgetEdit*>(dialog))
                 shown = editor->budgetId();
         });
         form_->cmdEdit_Click();
-        QCOMPARE(opened.seen(), form);
+        QCOMPARE(driver.seen(form), 1);
         QCOMPARE(shown, id);
         QCOMPARE(form_->selectedId(), id);
     }
@@ -380,7 +383,7 @@ void BudgetManagementFormTest::deleteAndTheListReadAgain() {
     QTreeWidget* list = form_->list();
     // No: nothing goes, but a budget written meanwhile shows: the list is read again.
     QVERIFY(form_->SelectBudget(alpha_));
-    f_->master(QStringLiteral("Meanwhile"), Account, 0);
+    f_->budget(QStringLiteral("Meanwhile"), Account, 0);
     const QString before = f_->budgetDump();
     f_->dialogs.answers = {Answer::No, Answer::Yes, Answer::Yes};
     form_->cmdDel_Click();
@@ -390,14 +393,14 @@ void BudgetManagementFormTest::deleteAndTheListReadAgain() {
     QVERIFY(form_->SelectBudget(north_));
     list->setFocus();
     QTest::keyClick(list, Qt::Key_Delete);
-    QCOMPARE(f_->titleOf(north_) + f_->titleOf(south_), QStringLiteral("<gone>South"));
+    QCOMPARE(f_->header(north_) + f_->header(south_).left(6), QStringLiteral("<no row>South|"));
     QCOMPARE(column(list, 0), (QStringList{".Lost", "Alpha", "Alpha.South", "beta", "Meanwhile"}));
     // A master takes its family with it.
     QVERIFY(form_->SelectBudget(alpha_));
     form_->cmdDel_Click();
     QCOMPARE(f_->dialogs.texts(), (QStringList{BudgetText::ConfirmDeleteMaster, BudgetText::ConfirmDelete,
                                                BudgetText::ConfirmDeleteMaster}));
-    QCOMPARE(f_->titleOf(alpha_) + f_->titleOf(south_), QStringLiteral("<gone><gone>"));
+    QCOMPARE(f_->header(alpha_) + f_->header(south_), QStringLiteral("<no row><no row>"));
     QCOMPARE(column(list, 0), (QStringList{".Lost", "beta", "Meanwhile"}));
 }
 
