@@ -1,6 +1,6 @@
 #pragma once
-// What the report window tests share: the bill they report on, and ways to look into and
-// click on windows, also those that open modally.
+// What the report window tests share: ways to look into and click on windows, also those
+// that open modally. Their bills are the report tests' fillThreeBills().
 #include "../reports/TrendFixture.h"
 #include "output/gui/ReportGridView.h"
 #include "reports/ReportNavigation.h"
@@ -10,27 +10,6 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
-
-// Three monthly bills of two numbers under two cost centres of level 1:
-//             31/01/2012                29/02/2012               31/03/2012
-// 0100 Sales  usage 100, rec 20         usage 120, rec 20        usage 200, rec 20
-// 0200 Fin.   usage 50.25, rec 10,      usage 30.75, rec 10      rec 10
-//             one off 5, adj -1
-inline void fillThreeBills(TrendFixture& f) {
-    const QString usage = QStringLiteral("Usage Charges"), recurring = QStringLiteral("Recurring Charges");
-    f.number("0100", {"Sales"});
-    f.number("0200", {"Finance"});
-    f.add(Date(2012, 1, 31), "0100", {{usage, pounds(100)}, {recurring, pounds(20)}});
-    f.add(Date(2012, 1, 31), "0200",
-          {{usage, pounds(50.25)},
-           {recurring, pounds(10)},
-           {"One Off Charges and Credits", pounds(5)},
-           {"Adjustments", pounds(-1)}});
-    f.add(Date(2012, 2, 29), "0100", {{usage, pounds(120)}, {recurring, pounds(20)}});
-    f.add(Date(2012, 2, 29), "0200", {{usage, pounds(30.75)}, {recurring, pounds(10)}});
-    f.add(Date(2012, 3, 31), "0100", {{usage, pounds(200)}, {recurring, pounds(20)}});
-    f.add(Date(2012, 3, 31), "0200", {{recurring, pounds(10)}});
-}
 
 // Marks the fixture's project as selected and fit for trend reports, with the bills added
 // so far summed into their totals, as gathering leaves them.

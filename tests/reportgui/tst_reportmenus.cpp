@@ -144,13 +144,13 @@ private slots:
             << "option 1" << 2 << noData << ReportParams{} << SelectService;
         QTest::newRow("total, whole bill") << "" << 0 << shown << totalChargesParams(0, "") << QString();
         QTest::newRow("service trend of a centre")
-            << "level 1;centre Sales" << 1 << noData << serviceParams(1, "Sales") << NoRecords;
+            << "level 2;centre North" << 1 << noData << serviceParams(2, "North") << NoRecords;
         QTest::newRow("usage of a number")
             << "service 0200" << 2 << error << individualChargesParams(6, "0200", 1) << Failed;
         // The option follows the list chosen last.
         QTest::newRow("a number, then a level")
             << "service 0200;level 2" << 3 << 0 << individualChargesParams(2, "", 2) << NotAvailable;
-        QTest::newRow("a centre, then a number") << "level 1;centre Sales;service 0100" << 0 << noData
+        QTest::newRow("a centre, then a number") << "level 2;centre North;service 0100" << 0 << noData
                                                  << totalChargesParams(6, "0100") << NoRecords;
         QTest::newRow("top 10 by total") << "" << 10 << noData << top10Params(1, "", 5) << NoRecords;
         QTest::newRow("top 10 by telemarketing, level 3")

@@ -152,10 +152,11 @@ private slots:
             return;
         }
         QCOMPARE(w.form->report().number, ReportNumber::TotalCharges);
-        // The last totals, 200 + 20 + 10, and the percents fallen and risen since the bill before.
-        QCOMPARE(w.form->grid()->shownText(5, 3), QStringLiteral("£230.00"));
-        QCOMPARE(w.form->grid()->shownItem(6, 2)->foreground().color(), fallColour());
-        QCOMPARE(w.form->grid()->shownItem(6, 3)->foreground().color(), riseColour());
+        // The last totals, 100 + 20 of 0100, and the percents risen and fallen since the bill before:
+        // 229 to 240, then to 120.
+        QCOMPARE(w.form->grid()->shownText(5, 3), QStringLiteral("£120.00"));
+        QCOMPARE(w.form->grid()->shownItem(6, 2)->foreground().color(), riseColour());
+        QCOMPARE(w.form->grid()->shownItem(6, 3)->foreground().color(), fallColour());
         QVERIFY(!w.form->previousButton()->isEnabled());
         QVERIFY(w.f.dialogs.messages.empty());
     }

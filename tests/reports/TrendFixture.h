@@ -11,6 +11,15 @@
 #include <map>
 #include <optional>
 
+namespace trendColumn {
+inline const QString Usage = QStringLiteral("Usage Charges");
+inline const QString Recurring = QStringLiteral("Recurring Charges");
+inline const QString OneOff = QStringLiteral("One Off Charges and Credits");
+inline const QString Adjust = QStringLiteral("Adjustments");
+inline const QString Tele = QStringLiteral("Telemarketing");
+inline const QString PreTax = QStringLiteral("PreTax Cost");
+} // namespace trendColumn
+
 // One trend row: the four families default to 0, every other column to Null.
 struct TrendRow {
     Date date;
@@ -39,6 +48,9 @@ public:
     RecordingDialogService dialogs;
     AppContext ctx{dialogs};
 };
+
+// Three small bills of 31/01, 29/02 and 31/03/2012, laid out in TrendFixture.cpp.
+void fillThreeBills(TrendFixture& f);
 
 inline Money pounds(double amount) {
     return Money::fromDouble(amount);
