@@ -42,14 +42,12 @@ void fillStores(FormStores& s) {
     s.costCentre(Acc, QStringLiteral("0200"), QStringLiteral("O'Brien & Co"));
 }
 
-// A master of ACC1 written through the model: periods on the 20th from January 2023 on.
+// A master of ACC1 with periods on the 20th from January 2023 on.
 int master(FormStores& s, const QString& title, int level, int periods) {
-    clsBudget budget(s.ctx.budgetDb, s.ctx.trendDb);
-    budget.CreateMaster(Acc, level);
-    budget.setName(title);
+    const int id = s.budget(title, Acc, level);
     for (int month = 1; month <= periods; ++month)
-        budget.AddDate(Date(2023, month, 20), {}, {}, {}, {});
-    return budget.SaveBudget(false) == BudgetStatus::Ok ? budget.ID() : -1;
+        s.entry(id, Date(2023, month, 20));
+    return id;
 }
 
 QString shownDates(const frmBudgetAddMaster& form, int first = 0) {
@@ -135,7 +133,7 @@ void MasterFormTest::periodDatesAndTicks() {
 
 void MasterFormTest::createAndItsRefusals() {
     FormStores s;
-    QVERIFY(master(s, QStringLiteral("Taken"), 1, 1) > 0);
+    master(s, QStringLiteral("Taken"), 1, 1);
     frmBudgetAddMaster form(s.ctx);
     form.show();
     QVERIFY(QTest::qWaitForWindowExposed(&form));

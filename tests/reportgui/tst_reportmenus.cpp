@@ -198,16 +198,6 @@ private slots:
         QVERIFY(form.trendButton(0)->isEnabled());
     }
 
-    void budgetListHoldsTheAccountsBudgets() {
-        BudgetMenu m;
-        // By master title whatever the case, each master before its children.
-        const QStringList expected = {"alpha", "Beta", "Beta.north", "Beta.South"};
-        QCOMPARE(itemsOf(m.form->budgetList()).mid(1), expected);
-        for (int i = 0; i < expected.size(); ++i)
-            QCOMPARE(m.form->budgetList()->itemData(i + 1).toInt(), m.ids[expected[i]]);
-        QCOMPARE(m.form->budgetList()->currentIndex(), 0);
-    }
-
     // The buttons a choice enables, and what a click on one starts or says.
     void budgetButtons_data() {
         QTest::addColumn<bool>("project");
@@ -242,6 +232,12 @@ private slots:
         QFETCH(QVariantList, started);
         QFETCH(QString, message);
         BudgetMenu m(project);
+        // A project's budgets by master title whatever the case, each master before its children.
+        const QStringList listed =
+            project ? QStringList{"alpha", "Beta", "Beta.north", "Beta.South"} : QStringList{};
+        QCOMPARE(itemsOf(m.form->budgetList()).mid(1), listed);
+        for (int i = 0; i < listed.size(); ++i)
+            QCOMPARE(m.form->budgetList()->itemData(i + 1).toInt(), m.ids[listed[i]]);
         m.choose(budget);
         for (int i = 0; i < frmBudgetReports::ChargeButtons; ++i) {
             QCOMPARE(m.form->periodicButton(i)->isEnabled(), project);
