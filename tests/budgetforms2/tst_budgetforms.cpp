@@ -53,7 +53,6 @@ class BudgetEditFormTest : public QObject {
 private slots:
     void init();
     void showsTheRowsInTheOrderTheyWereMade();
-    void valueWhenLeft();
     void typingFollowsTheCellRules();
     void saveWritesByRowInOneTransaction();
     void questionsBeforeChangesAreLost();
@@ -119,16 +118,14 @@ void BudgetEditFormTest::showsTheRowsInTheOrderTheyWereMade() {
     QVERIFY_THROWS_EXCEPTION(BudgetNotFoundError, loadBudgetGrid(f_->ctx.budgetDb, 4242));
 }
 
-void BudgetEditFormTest::valueWhenLeft() {
+void BudgetEditFormTest::typingFollowsTheCellRules() {
+    // The amount a figure's text comes to when the cell is left.
     const QList<std::pair<QString, std::int64_t>> cases{{"0.1234", 1234}, {"-£1,234.50", -12345000},
                                                         {"12.", 120000},  {"  7.25 ", 72500},
                                                         {"12abc", 0},     {"1.2.3", 0},
                                                         {"-", 0}};
     for (const auto& [text, tenThousandths] : cases)
         QCOMPARE(budgetCellValue(text).raw(), tenThousandths);
-}
-
-void BudgetEditFormTest::typingFollowsTheCellRules() {
     type(0, 2, QStringLiteral("£100.00")); // the same amount is no change
     QVERIFY(!form_->isChanged());
     QLineEdit* editor = startEdit(0, 1);

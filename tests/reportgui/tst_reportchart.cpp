@@ -70,10 +70,8 @@ private slots:
         }
         // However many runs, the line is one entry of the legend.
         const auto markers = [&] {
-            int n = 0;
-            for (QLegendMarker* marker : chart->legend()->markers())
-                n += marker->isVisible();
-            return n;
+            const QList<QLegendMarker*> all = chart->legend()->markers();
+            return std::count_if(all.begin(), all.end(), [](QLegendMarker* m) { return m->isVisible(); });
         };
         QTRY_COMPARE(markers(), 1);
     }

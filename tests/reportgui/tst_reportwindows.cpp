@@ -184,21 +184,6 @@ private slots:
         QCOMPARE(w.session.currentReportNumber, ReportNumber::Top10CC);
     }
 
-    // The grid of the individual charges is as tall as its rows, up to 3,500 twips, so the
-    // chart above keeps room for the legend of many charge types.
-    void individualChargesGridFollowsItsRowsUpToItsCap() {
-        for (int rows : {3, 14}) {
-            Report report;
-            report.number = ReportNumber::IndividualCharges;
-            report.grid.resize(rows, 3);
-            report.charts.emplace_back().resize(1, 2);
-            Window<frmReport> w(report);
-            w.form->resize(1366, 800);
-            QTRY_COMPARE(w.form->grid()->height(),
-                         std::min(w.form->grid()->fittingHeight(rows), 3500 * w.form->logicalDpiY() / 1440));
-        }
-    }
-
     void chartClickOpensTheBudgetItNames_data() {
         QTest::addColumn<bool>("onBar"); // else on the chart's corner
         QTest::addColumn<int>("status");

@@ -13,9 +13,5 @@ public:
     void entry(int budgetId, const Date& date, Money usage, Money recurring = {}, Money oneOff = {},
                Money adjustments = {});
 
-    int levelMaster = 0;
-    int wholeBill = 0;
-    int finance = 0;
-    int sales = 0;
-    int exact = 0;
+    int levelMaster = 0, wholeBill = 0, finance = 0, sales = 0, exact = 0;
 };
