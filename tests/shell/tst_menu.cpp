@@ -6,7 +6,6 @@
 #include "data/Database.h"
 #include "ui/HelpWindow.h"
 
-#include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -29,18 +28,15 @@ private:
 
 void MenuTest::init() {
     inst_ = std::make_unique<Installation>();
-    inst_->writeAllStores();
     QVERIFY(startInstallation(inst_->ctx, inst_->paths()));
     menu_ = std::make_unique<frmMenu>(inst_->ctx);
     menu_->show();
 }
 
 void MenuTest::cleanup() {
-    for (QWidget* w : QApplication::topLevelWidgets())
-        w->close();
+    closeAllWindows();
     menu_.reset();
     inst_.reset();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void MenuTest::openersAndTheProjectEnableTheButtons() {

@@ -1,14 +1,12 @@
 #include "ShellFixture.h"
 #include "TestRegistry.h"
+#include "app/OutputFacilities.h"
 #include "app/Startup.h"
 #include "app/frmMenu.h"
 #include "app/frmSplash.h"
 #include "app/gui/Main.h"
 #include "data/Database.h"
-#include "data/Stores.h"
 
-#include <QApplication>
-#include <QFile>
 #include <QTest>
 
 namespace {
@@ -41,12 +39,12 @@ private slots:
     void storeThatWillNotOpenEndsTheProgram();
     void splashHoldsThreeSecondsUnlessClicked_data();
     void splashHoldsThreeSecondsUnlessClicked();
+    void pdfPrinterIsChosenByName_data();
+    void pdfPrinterIsChosenByName();
 };
 
 void StartupTest::cleanup() {
-    for (QWidget* w : QApplication::topLevelWidgets())
-        w->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    closeAllWindows();
 }
 
 void StartupTest::storesThatOpenLeadToTheMenu_data() {
@@ -60,7 +58,6 @@ void StartupTest::storesThatOpenLeadToTheMenu_data() {
 void StartupTest::storesThatOpenLeadToTheMenu() {
     QFETCH(QString, start);
     Installation inst;
-    inst.writeAllStores();
     Database::open(inst.appFile(StoreFile::Trend))
         .exec(QStringLiteral("INSERT INTO tblSummaryTrend (BillDate, BillAccount) VALUES (?, ?)"),
               Date(2012, 1, 31), QStringLiteral("ACC1"));
@@ -105,7 +102,6 @@ void StartupTest::storeThatWillNotOpenEndsTheProgram() {
     QFETCH(QString, store);
     QFETCH(QString, fault);
     Installation inst;
-    inst.writeAllStores();
     Database holder;
     if (fault == "locked") {
         holder = Database::open(inst.appFile(store));
@@ -145,7 +141,6 @@ void StartupTest::splashHoldsThreeSecondsUnlessClicked() {
     QFETCH(bool, click);
     QFETCH(int, elapsedMs);
     Installation inst;
-    inst.writeAllStores();
     FakeClock clock;
     bool splashSeen = false;
     clock.onYield = [&](int n) {
@@ -169,6 +164,36 @@ void StartupTest::splashHoldsThreeSecondsUnlessClicked() {
     // A click takes the splash down at once, but not the work.
     QCOMPARE(splashDuringWork, !click);
     QCOMPARE(clock.elapsedMs(), qint64(elapsedMs));
+    // PDF files and workbooks are written by the program itself, printers or not.
+    QVERIFY(!inst.ctx.hasPrinter && inst.ctx.hasPdfPrinter && inst.ctx.hasExcel);
+}
+
+void StartupTest::pdfPrinterIsChosenByName_data() {
+    QTest::addColumn<QStringList>("printers");
+    QTest::addColumn<QString>("pdfName");
+    QTest::newRow("no printer") << QStringList() << QString();
+    QTest::newRow("no PDF printer") << QStringList{"Office Laser"} << QString();
+    QTest::newRow("one, exactly named") << QStringList{"Office Laser", "Adobe PDF"} << "Adobe PDF";
+    QTest::newRow("one, longer name") << QStringList{"My Adobe PDF Writer"} << "My Adobe PDF Writer";
+    QTest::newRow("two, the second exactly named")
+        << QStringList{"Adobe PDF Copy", "Adobe PDF"} << "Adobe PDF";
+    QTest::newRow("two, a network one first")
+        << QStringList{"Adobe PDF on FILESRV", "Adobe PDF"} << "Adobe PDF on FILESRV";
+    QTest::newRow("two, neither qualifies: the first")
+        << QStringList{"Adobe PDF 9", "Adobe PDF 10"} << "Adobe PDF 9";
+    QTest::newRow("name pattern is case-sensitive") << QStringList{"adobe pdf"} << QString();
+}
+
+void StartupTest::pdfPrinterIsChosenByName() {
+    QFETCH(QStringList, printers);
+    QFETCH(QString, pdfName);
+    // The system's default printer is the first; with no printers it names a ghost.
+    const OutputFacilities found =
+        DetectOutputFacilities(printers, printers.value(0, QStringLiteral("ghost")));
+    QCOMPARE(found.hasPrinter, !printers.isEmpty());
+    QCOMPARE(found.defaultPrinterName, printers.value(0));
+    QCOMPARE(found.hasPdfPrinter, !pdfName.isEmpty());
+    QCOMPARE(found.pdfPrinterName, pdfName);
 }
 
 VANTREL_TEST(StartupTest);
