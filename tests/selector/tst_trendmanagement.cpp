@@ -1,12 +1,10 @@
 #include "DemoSite.h"
 #include "TestRegistry.h"
 #include "app/ErrorLog.h"
-#include "app/HelpTopics.h"
 #include "app/frmMenu.h"
 #include "app/gui/MenuForms.h"
 #include "data/ucProjectSelector.h"
 #include "trend/frmTrendManagement.h"
-#include "ui/HelpWindow.h"
 
 #include <QApplication>
 #include <QDate>
@@ -88,12 +86,11 @@ class TrendManagementTest : public QObject {
     Q_OBJECT
 private slots:
     void createListsTheBillsWithTheirSums();
-    void billOfAnotherSourceIsGatheredQuietly();
     void cancelledGatheringLeavesTheListAsItWas();
-    void failureIsLoggedAndReported();
+    void otherSourceAndFailure();
     void deleteAsksFirst_data();
     void deleteAsksFirst();
-    void helpAndBack();
+    void backClosesTheDropDownWithTheForm();
     void opensOverTheMenuAndSharesItsProject();
 };
 
@@ -132,17 +129,6 @@ void TrendManagementTest::createListsTheBillsWithTheirSums() {
     QCOMPARE(rows(form), expected);
 }
 
-void TrendManagementTest::billOfAnotherSourceIsGatheredQuietly() {
-    DemoSite site;
-    frmTrendManagement form(site.ctx);
-    create(site, form, {site.otherSource()});
-    // Gathered, but neither listed afresh by the create nor confirmed.
-    QVERIFY(site.trendRows(site.account(0)) > 0);
-    QCOMPARE(site.dialogs.texts(),
-             QStringList(QStringLiteral("Please select a valid Velora project to enable Trend Reports")));
-    QCOMPARE(actionsEnabled(form), 0);
-}
-
 void TrendManagementTest::cancelledGatheringLeavesTheListAsItWas() {
     DemoSite site;
     frmTrendManagement form(site.ctx);
@@ -171,9 +157,16 @@ void TrendManagementTest::cancelledGatheringLeavesTheListAsItWas() {
     QVERIFY(!form.findChild<QProgressDialog*>());
 }
 
-void TrendManagementTest::failureIsLoggedAndReported() {
+void TrendManagementTest::otherSourceAndFailure() {
     DemoSite site;
     frmTrendManagement form(site.ctx);
+    // A bill of another source is gathered, but neither listed by the create nor confirmed.
+    create(site, form, {site.otherSource()});
+    QVERIFY(site.trendRows(site.account(0)) > 0);
+    QCOMPARE(site.dialogs.texts(),
+             QStringList(QStringLiteral("Please select a valid Velora project to enable Trend Reports")));
+    QCOMPARE(actionsEnabled(form), 0);
+    // A failure is reported and logged with the bill.
     const QString bill = site.bills(0).first();
     site.ctx.trendDb.close();
     create(site, form, {bill});
@@ -241,25 +234,13 @@ void TrendManagementTest::deleteAsksFirst() {
     QCOMPARE(site.trendRows(site.account(1)), others);
 }
 
-void TrendManagementTest::helpAndBack() {
+void TrendManagementTest::backClosesTheDropDownWithTheForm() {
     DemoSite site;
     frmTrendManagement form(site.ctx);
     form.show();
-    QTest::mouseClick(button(form, "cmdHelp"), Qt::LeftButton);
-    HelpWindow* help = nullptr;
-    for (QWidget* w : QApplication::topLevelWidgets())
-        if (auto* h = qobject_cast<HelpWindow*>(w); h && h->isVisible())
-            help = h;
-    QVERIFY(help);
-    QCOMPARE(help->topic(), HelpTopic::TrendManagement);
-    QVERIFY(help->pageFound());
-    help->close();
-
-    // Back closes the project drop-down with the form.
     form.projectSelector()->cmdBrowse_Click();
     QTest::mouseClick(button(form, "cmdExit"), Qt::LeftButton);
-    QVERIFY(!form.isVisible());
-    QVERIFY(!form.projectSelector()->isDroppedDown());
+    QVERIFY(!form.isVisible() && !form.projectSelector()->isDroppedDown());
     QCOMPARE(form.result(), int(QDialog::Accepted));
 }
 
