@@ -51,9 +51,8 @@ void MenuTest::openersAndTheProjectEnableTheButtons() {
     QCOMPARE(enabled().left(4), QStringLiteral("nnnn"));
     menu_->setOpener(O::BudgetManagement, [] {});
     QCOMPARE(enabled().left(4), QStringLiteral("nnyn"));
-    int opened = 0;
     for (O which : {O::TrendManagement, O::TrendReports, O::BudgetReports})
-        menu_->setOpener(which, [&opened] { ++opened; });
+        menu_->setOpener(which, [] {});
     // No project: budgets only. The trend buttons and their frame follow the project.
     QCOMPARE(enabled(), QStringLiteral("nnyyn"));
     inst_->ctx.trendEnabled = true;
@@ -62,7 +61,6 @@ void MenuTest::openersAndTheProjectEnableTheButtons() {
     inst_->ctx.trendEnabled = false;
     menu_->projectChanged();
     QCOMPARE(enabled(), QStringLiteral("nnyyn"));
-    QCOMPARE(opened, 0);
 }
 
 void MenuTest::helpOpensTheMenuTopic() {

@@ -1,7 +1,6 @@
 #include "TempDir.h"
 #include "TestRegistry.h"
 #include "app/BrowseForFile.h"
-#include "app/DialogService.h"
 #include "app/HelpTopics.h"
 #include "app/cPathControl.h"
 #include "ui/ChoosePrinter.h"
@@ -38,10 +37,6 @@ void DialogsTest::browseOffersProjectsForAnyCaseOfMdb() {
     for (const QString extension : {"mdb", "MDB", "Mdb", "xls", ""})
         QCOMPARE(browseSetupFor(extension).filter.contains(QStringLiteral("*.MDB")),
                  extension.toLower() == "mdb");
-    RecordingDialogService dialogs;
-    dialogs.files.push_back(QStringLiteral("/projects/Jan2012.mdb"));
-    QCOMPARE(BrowseForFile(dialogs, QStringLiteral("mdb")), QStringLiteral("/projects/Jan2012.mdb"));
-    QCOMPARE(BrowseForFile(dialogs, QStringLiteral("mdb")), QString()); // cancelled
 }
 
 void DialogsTest::choosePrinterTakesTheOrientation() {
