@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -280,7 +281,11 @@ bool paintReportPages(QPagedPaintDevice& device, const Report& report, const Pag
     return painted;
 }
 
-bool writeReportPdf(const Report& report, const QString& path, const PageDecor& decor, QString* error) {
+namespace {
+
+// A PDF file written whole or not at all: `paint` fills the writer's pages.
+bool writePdfFile(const QString& path, const QString& title, const PageDecor& decor, QString* error,
+                  const std::function<bool(QPdfWriter&)>& paint) {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
         if (error)
@@ -289,10 +294,10 @@ bool writeReportPdf(const Report& report, const QString& path, const PageDecor& 
     }
     {
         QPdfWriter writer(&file);
-        writer.setTitle(report.caption);
+        writer.setTitle(title);
         writer.setCreator(QStringLiteral("Vantrel"));
         setReportPageLayout(writer, decor.pageSize);
-        if (!paintReportPages(writer, report, decor, error)) {
+        if (!paint(writer)) {
             file.cancelWriting();
             return false;
         }
@@ -305,25 +310,23 @@ bool writeReportPdf(const Report& report, const QString& path, const PageDecor& 
     return true;
 }
 
+} // namespace
+
+bool writeReportPdf(const Report& report, const QString& path, const PageDecor& decor, QString* error) {
+    return writePdfFile(path, report.caption, decor, error,
+                        [&](QPdfWriter& writer) { return paintReportPages(writer, report, decor, error); });
+}
+
 bool writeReportsPdf(std::span<const Report> reports, const QString& path, const PageDecor& decor,
                      QString* error) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        if (error)
-            *error = file.errorString();
-        return false;
-    }
-    {
-        QPdfWriter writer(&file);
-        writer.setTitle(QStringLiteral("Reports"));
-        writer.setCreator(QStringLiteral("Vantrel"));
-        setReportPageLayout(writer, decor.pageSize);
+    return writePdfFile(path, QStringLiteral("Reports"), decor, error, [&](QPdfWriter& writer) {
         const PageFrame frame = pageFrameOf(writer);
+        const TextMeasure measure = pageTextMeasure(writer);
         std::vector<PagePlan> plans;
         std::vector<int> firstPages;
         int pages = 1; // the contents
         for (const Report& report : reports) {
-            plans.push_back(planReportPages(report, frame, pageTextMeasure(writer)));
+            plans.push_back(planReportPages(report, frame, measure));
             firstPages.push_back(pages + 1);
             pages += int(plans.back().pages.size());
         }
@@ -331,7 +334,6 @@ bool writeReportsPdf(std::span<const Report> reports, const QString& path, const
         if (!painter.begin(&writer)) {
             if (error)
                 *error = QStringLiteral("the pages could not be started");
-            file.cancelWriting();
             return false;
         }
         painter.setRenderHint(QPainter::Antialiasing);
@@ -360,15 +362,6 @@ bool writeReportsPdf(std::span<const Report> reports, const QString& path, const
                 writer.newPage() && PagePainter(writer, painter, reports[i], numbered).paint(plans[i], error);
         }
         painter.end();
-        if (!painted) {
-            file.cancelWriting();
-            return false;
-        }
-    }
-    if (!file.commit()) {
-        if (error)
-            *error = file.errorString();
-        return false;
-    }
-    return true;
+        return painted;
+    });
 }
