@@ -11,6 +11,7 @@
 #include "budget/BudgetRename.h"
 #include "budget/BudgetStatus.h"
 #include "budget/clsBudget.h"
+#include "cli/CommandProject.h"
 #include "data/Database.h"
 #include "data/ReferenceData.h"
 
@@ -345,14 +346,8 @@ int budgetCostCentreCommand(AppContext& ctx, const QStringList& args) {
         // The project is selected as the program selects it: its TblCC is written afresh
         // from the central store under the full bill account.
         const QString project = o.value(QStringLiteral("project"));
-        QString error;
-        if (!OpenProjectDatabase(ctx, &ctx.projectDb, project, {}, &error)) {
-            printError(QStringLiteral("cannot open %1: %2").arg(project, error));
-            return 1;
-        }
-        ctx.projectPath = project;
-        if (!LoadProjectDetails(ctx)) {
-            printError(QStringLiteral("%1 has no bill account").arg(project));
+        if (const QString problem = selectCommandProject(ctx, project); !problem.isEmpty()) {
+            printError(problem);
             return 1;
         }
         if (ctx.billAccount != budget.BillAccount()) {
@@ -373,6 +368,7 @@ int budgetCostCentreCommand(AppContext& ctx, const QStringList& args) {
         budget.setName(o.value(QStringLiteral("title")).trimmed());
         budget.setCostCentre(choices[index]);
 
+        QString error;
         const std::optional<QList<PeriodBasis>> bases = periodBases(ctx, budget, o, error);
         if (!bases) {
             printError(error);

@@ -1,9 +1,9 @@
 #include "cli/PackCommand.h"
 
+#include "cli/CommandProject.h"
+
 #include "app/AppContext.h"
 #include "app/BrandFont.h"
-#include "data/Project.h"
-#include "data/ReferenceData.h"
 #include "output/ReportPages.h"
 #include "output/ReportWorkbook.h"
 #include "render/ReportChartPainter.h"
@@ -67,12 +67,8 @@ int packCommand(AppContext& ctx, const QStringList& args) {
     }
     if (pdf && !qobject_cast<QApplication*>(QCoreApplication::instance()))
         return fail(QStringLiteral("a PDF needs the graphical libraries, which did not start"));
-    QString error;
-    if (!OpenProjectDatabase(ctx, &ctx.projectDb, project, {}, &error))
-        return fail(QStringLiteral("cannot open %1: %2").arg(project, error));
-    ctx.projectPath = project;
-    if (!LoadProjectDetails(ctx))
-        return fail(QStringLiteral("The selected project file is not valid for use with this application"));
+    if (const QString problem = selectCommandProject(ctx, project); !problem.isEmpty())
+        return fail(problem);
     std::optional<BudgetChoice> budget;
     if (!budgetText.isEmpty()) {
         const QList<BudgetChoice> choices = budgetReportChoices(ctx.budgetDb, ctx.billAccount);
@@ -103,6 +99,7 @@ int packCommand(AppContext& ctx, const QStringList& args) {
     const QString folder = ctx.paths ? ctx.paths->AppFolder : QString();
     if (pdf && ctx.paths)
         LoadBrandFont(folder);
+    QString error;
     const bool written = pdf ? writeReportsPdf(reports, out, reportPageDecor(folder, ctx.colours), &error)
                              : writeReportsWorkbook(reports, out, workbookLook(ctx), &error);
     if (!written)

@@ -2,8 +2,7 @@
 
 #include "app/AppContext.h"
 #include "app/BrandFont.h"
-#include "data/Project.h"
-#include "data/ReferenceData.h"
+#include "cli/CommandProject.h"
 #include "output/GridSort.h"
 #include "output/ReportWorkbook.h"
 #include "render/ReportChartPainter.h"
@@ -51,11 +50,8 @@ int reportCommand(AppContext& ctx, const QStringList& args) {
     const ReportCatalogueEntry* entry = catalogueEntry(request->number);
     if (request->sortColumn && !entry->sortable)
         return fail(QStringLiteral("report %1 has no heading sort").arg(request->number));
-    if (!OpenProjectDatabase(ctx, &ctx.projectDb, request->project, {}, &error))
-        return fail(QStringLiteral("cannot open %1: %2").arg(request->project, error));
-    ctx.projectPath = request->project;
-    if (!LoadProjectDetails(ctx))
-        return fail(QStringLiteral("The selected project file is not valid for use with this application"));
+    if (const QString problem = selectCommandProject(ctx, request->project); !problem.isEmpty())
+        return fail(problem);
 
     int budgetId = -1;
     if (entry->budgetReport && !request->budget.isEmpty()) {
